@@ -1,0 +1,16 @@
+#pragma once
+
+#include <QString>
+
+// Where Vellox keeps its own files: the per-user support folder and the shipped resources.
+namespace AppPaths {
+// ~/.local/share/Vellox (created on first use).
+QString supportFolder();
+// ~/.local/share/Vellox/CSSStyles/ (with the trailing slash).
+QString cssStyleFolder();
+// A shipped resource by relative name ("styles/Standard.css", "converters/markdown.php"):
+// the installed data folder first, then the build tree, then the source tree.
+QString resource(const QString &relativePath);
+// Expands a leading "~" to the home folder.
+QString expandTilde(const QString &path);
+} // namespace AppPaths

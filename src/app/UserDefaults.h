@@ -1,0 +1,65 @@
+#pragma once
+
+#include <QColor>
+#include <QList>
+#include <QObject>
+#include <QSettings>
+#include <QVariant>
+#include <QVariantMap>
+
+#include <memory>
+
+// The per-user settings store. Registered defaults are answered for every key the user has
+// not set and are never written to disk; everything else lives in an INI file a user can
+// read and edit. Colours are "#AARRGGBB" strings, lists of records are QSettings arrays.
+class UserDefaults : public QObject
+{
+    Q_OBJECT
+public:
+    explicit UserDefaults(const QString &filePath, QObject *parent = nullptr);
+    ~UserDefaults() override;
+
+    // The application's store at ~/.config/Vellox/Vellox.conf (XDG_CONFIG_HOME respected).
+    static UserDefaults &standard();
+    // Drops the shared store so the next standard() reopens it (tests change HOME).
+    static void resetStandard();
+    static QString standardFilePath();
+
+    // The registered defaults table, in registration order.
+    static QList<QPair<QString, QVariant>> defaultsTable();
+    void registerDefaults(const QList<QPair<QString, QVariant>> &table);
+    QVariantMap registeredDefaults() const { return m_defaults; }
+
+    QVariant objectForKey(const QString &key) const;
+    bool boolForKey(const QString &key) const;
+    int integerForKey(const QString &key) const;
+    QString stringForKey(const QString &key) const;
+    QColor colorForKey(const QString &key) const;
+    QList<QVariantMap> recordsForKey(const QString &key) const;
+    // True only for values the user's file holds, never for registered defaults.
+    bool hasStoredValue(const QString &key) const;
+
+    void setBool(const QString &key, bool value);
+    void setInteger(const QString &key, int value);
+    void setString(const QString &key, const QString &value);
+    void setObject(const QString &key, const QVariant &value);
+    void setColor(const QString &key, const QColor &color);
+    void setRecords(const QString &key, const QList<QVariantMap> &records);
+    void removeObjectForKey(const QString &key);
+
+    void sync();
+    QString filePath() const;
+
+    static QString colorToString(const QColor &color);
+    static QColor colorFromString(const QString &text);
+
+Q_SIGNALS:
+    void valueChanged(const QString &key);
+
+private:
+    void checkReadable();
+
+    std::unique_ptr<QSettings> m_settings;
+    QVariantMap m_defaults;
+    QStringList m_arrayKeys;
+};
