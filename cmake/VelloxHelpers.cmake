@@ -5,6 +5,8 @@ function(vellox_add_test)
     cmake_parse_arguments(T "" "NAME" "SOURCES;LIBS" ${ARGN})
     add_executable(${T_NAME} ${T_SOURCES})
     target_link_libraries(${T_NAME} PRIVATE Qt6::Test vellox_testsupport ${T_LIBS})
+    target_compile_definitions(${T_NAME} PRIVATE VELLOX_SOURCE_RESOURCES="${VELLOX_SOURCE_RESOURCES}"
+                               VELLOX_TEST_DATA="${CMAKE_CURRENT_SOURCE_DIR}/data")
     add_test(NAME ${T_NAME} COMMAND ${T_NAME})
     set_tests_properties(${T_NAME} PROPERTIES
         ENVIRONMENT "QT_QPA_PLATFORM=offscreen;QTWEBENGINE_DISABLE_SANDBOX=1;QT_LOGGING_RULES=qt.webenginecontext.info=false"
@@ -16,4 +18,49 @@ function(vellox_add_benchmark)
     cmake_parse_arguments(B "" "NAME" "SOURCES;LIBS" ${ARGN})
     add_executable(${B_NAME} ${B_SOURCES})
     target_link_libraries(${B_NAME} PRIVATE ${B_LIBS})
+endfunction()
+
+# vellox_subsystem(NAME name [DEPS lib ...] [WIDGET_DEPS lib ...])
+# The folder's *.cpp become vellox_<name> (logic: QtCore/QtGui, ICU, no widgets); the
+# files under widgets/ become vellox_<name>_widgets (views and controllers of windows).
+function(vellox_subsystem)
+    cmake_parse_arguments(S "" "NAME" "DEPS;WIDGET_DEPS" ${ARGN})
+    file(GLOB logic CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
+                                      ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
+    set(lib vellox_${S_NAME})
+    if(logic)
+        add_library(${lib} STATIC ${logic})
+        target_include_directories(${lib} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+        target_link_libraries(${lib} PUBLIC Qt6::Core Qt6::Gui Qt6::Concurrent ICU::uc ICU::i18n
+                                            ${S_DEPS})
+        target_compile_definitions(${lib} PRIVATE
+            VELLOX_DATA_SUBDIR="${VELLOX_DATA_SUBDIR}"
+            VELLOX_BUILD_RESOURCES="${VELLOX_BUILD_RESOURCES}"
+            VELLOX_SOURCE_RESOURCES="${VELLOX_SOURCE_RESOURCES}")
+    else()
+        add_library(${lib} INTERFACE)
+        target_include_directories(${lib} INTERFACE ${CMAKE_SOURCE_DIR}/src)
+        target_link_libraries(${lib} INTERFACE Qt6::Core Qt6::Gui ${S_DEPS})
+    endif()
+    file(GLOB views CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/widgets/*.cpp
+                                      ${CMAKE_CURRENT_SOURCE_DIR}/widgets/*.h)
+    if(views)
+        add_library(${lib}_widgets STATIC ${views})
+        target_link_libraries(${lib}_widgets PUBLIC ${lib} Qt6::Widgets Qt6::WebEngineWidgets
+                                                    Qt6::PrintSupport Qt6::DBus Qt6::Network
+                                                    ${S_WIDGET_DEPS})
+    else()
+        add_library(${lib}_widgets INTERFACE)
+        target_link_libraries(${lib}_widgets INTERFACE ${lib} ${S_WIDGET_DEPS})
+    endif()
+endfunction()
+
+# vellox_subsystem_tests(LIBS lib ...): every tst_*.cpp in this folder is one test executable.
+function(vellox_subsystem_tests)
+    cmake_parse_arguments(T "" "" "LIBS" ${ARGN})
+    file(GLOB tests CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/tst_*.cpp)
+    foreach(source ${tests})
+        get_filename_component(name ${source} NAME_WE)
+        vellox_add_test(NAME ${name} SOURCES ${source} LIBS ${T_LIBS})
+    endforeach()
 endfunction()
