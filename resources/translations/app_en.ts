@@ -3,9 +3,421 @@
 <TS version="2.1" language="en">
 <context>
     <name></name>
-    <message id="FOLDER_LOCKED">
-        <source>Notebook folder is locked</source>
-        <translation>Notebook folder is locked</translation>
+    <message id="ADD_ENTRY_NAME">
+        <source>New entry</source>
+        <translation>New entry</translation>
+    </message>
+    <message id="ADD_ENTRY_TIP">
+        <source>Start a new entry</source>
+        <translation>Start a new entry</translation>
+    </message>
+    <message id="ATTACHMENTS_BUTTON_NAME">
+        <source>Attachments</source>
+        <translation>Attachments</translation>
+    </message>
+    <message id="ATTACHMENTS_BUTTON_TIP">
+        <source>Show or hide the entry's attachments</source>
+        <translation>Show or hide the entry's attachments</translation>
+    </message>
+    <message id="ATTACHMENT_AREA_EMPTY">
+        <source>No attachments</source>
+        <translation>No attachments</translation>
+    </message>
+    <message id="ATTACHMENT_AREA_NAME">
+        <source>Attachments</source>
+        <translation>Attachments</translation>
+    </message>
+    <message id="ATTACHMENT_AREA_TIP">
+        <source>Files attached to this entry</source>
+        <translation>Files attached to this entry</translation>
+    </message>
+    <message id="BUTTON_CANCEL">
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message id="BUTTON_CHOOSE">
+        <source>Choose</source>
+        <translation>Choose</translation>
+    </message>
+    <message id="BUTTON_OK">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="EDITOR_HINT_NO_ENTRY">
+        <source>Enter a title to write a note</source>
+        <translation>Enter a title to write a note</translation>
+    </message>
+    <message id="EDITOR_NAME">
+        <source>Entry text</source>
+        <translation>Entry text</translation>
+    </message>
+    <message id="EDITOR_TIP">
+        <source>Write your entry here</source>
+        <translation>Write your entry here</translation>
+    </message>
+    <message id="EDIT_MODE_NAME">
+        <source>Edit</source>
+        <translation>Edit</translation>
+    </message>
+    <message id="EDIT_MODE_TIP">
+        <source>Show the editor</source>
+        <translation>Show the editor</translation>
+    </message>
+    <message id="ENTRY_LIST_NAME">
+        <source>Entries</source>
+        <translation>Entries</translation>
+    </message>
+    <message id="ENTRY_LIST_TIP">
+        <source>The entries of this notebook</source>
+        <translation>The entries of this notebook</translation>
+    </message>
+    <message id="FIRSTRUN_CANCEL_AND_QUIT">
+        <source>Cancel and Quit</source>
+        <translation>Cancel and Quit</translation>
+    </message>
+    <message id="FIRSTRUN_CANCEL_TIP">
+        <source>Quit Vellox without creating a notebook</source>
+        <translation>Quit Vellox without creating a notebook</translation>
+    </message>
+    <message id="FIRSTRUN_CHOOSE_FOLDER">
+        <source>Choose…</source>
+        <translation>Choose…</translation>
+    </message>
+    <message id="FIRSTRUN_CHOOSE_FOLDER_TIP">
+        <source>Choose the folder that will hold the notebook's entries</source>
+        <translation>Choose the folder that will hold the notebook's entries</translation>
+    </message>
+    <message id="FIRSTRUN_FOLDER">
+        <source>Notebook folder</source>
+        <translation>Notebook folder</translation>
+    </message>
+    <message id="FIRSTRUN_FOLDER_LABEL">
+        <source>Folder:</source>
+        <translation>Folder:</translation>
+    </message>
+    <message id="FIRSTRUN_FOLDER_PLACEHOLDER">
+        <source>No folder chosen yet</source>
+        <translation>No folder chosen yet</translation>
+    </message>
+    <message id="FIRSTRUN_FOLDER_TIP">
+        <source>The folder where every entry of this notebook is kept as a plain-text file</source>
+        <translation>The folder where every entry of this notebook is kept as a plain-text file</translation>
+    </message>
+    <message id="FIRSTRUN_NAME">
+        <source>Notebook name</source>
+        <translation>Notebook name</translation>
+    </message>
+    <message id="FIRSTRUN_NAME_LABEL">
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message id="FIRSTRUN_NAME_PLACEHOLDER">
+        <source>My Diary</source>
+        <translation>My Diary</translation>
+    </message>
+    <message id="FIRSTRUN_NAME_TIP">
+        <source>The name shown for this notebook</source>
+        <translation>The name shown for this notebook</translation>
+    </message>
+    <message id="FIRSTRUN_OK_TIP">
+        <source>Create the notebook and start writing</source>
+        <translation>Create the notebook and start writing</translation>
+    </message>
+    <message id="FIRSTRUN_TITLE">
+        <source>Welcome to Vellox</source>
+        <translation>Welcome to Vellox</translation>
+    </message>
+    <message id="FIRSTRUN_WELCOME">
+        <source>Vellox keeps your diary and notes as plain-text files in folders you choose. Give your first notebook a name and pick the folder it lives in.</source>
+        <translation>Vellox keeps your diary and notes as plain-text files in folders you choose. Give your first notebook a name and pick the folder it lives in.</translation>
+    </message>
+    <message id="LAST_NOTEBOOK_CANT_BE_DELETED_MESSAGE">
+        <source>Vellox needs at least one notebook. Create another notebook before removing this one.</source>
+        <translation>Vellox needs at least one notebook. Create another notebook before removing this one.</translation>
+    </message>
+    <message id="LAST_NOTEBOOK_CANT_BE_DELETED_OKBUTTON">
+        <source>OK</source>
+        <translation>OK</translation>
+    </message>
+    <message id="LAST_NOTEBOOK_CANT_BE_DELETED_TITLE">
+        <source>This notebook can't be removed</source>
+        <translation>This notebook can't be removed</translation>
+    </message>
+    <message id="MAIN_WINDOW_NAME">
+        <source>Vellox</source>
+        <translation>Vellox</translation>
+    </message>
+    <message id="MENU_DUPLICATE_TO">
+        <source>Duplicate to</source>
+        <translation>Duplicate to</translation>
+    </message>
+    <message id="MENU_EDIT">
+        <source>&amp;Edit</source>
+        <translation>&amp;Edit</translation>
+    </message>
+    <message id="MENU_FILE">
+        <source>&amp;File</source>
+        <translation>&amp;File</translation>
+    </message>
+    <message id="MENU_FORMAT">
+        <source>F&amp;ormat</source>
+        <translation>F&amp;ormat</translation>
+    </message>
+    <message id="MENU_MARKUP_LANGUAGE">
+        <source>Markup Language</source>
+        <translation>Markup Language</translation>
+    </message>
+    <message id="MENU_MARKUP_LANGUAGE_TIP">
+        <source>The markup language your entries are written in</source>
+        <translation>The markup language your entries are written in</translation>
+    </message>
+    <message id="MENU_MOVE_TO">
+        <source>Move to</source>
+        <translation>Move to</translation>
+    </message>
+    <message id="MENU_PREFERENCES">
+        <source>Preferences…</source>
+        <translation>Preferences…</translation>
+    </message>
+    <message id="MENU_PREFERENCES_TIP">
+        <source>Manage notebooks and settings</source>
+        <translation>Manage notebooks and settings</translation>
+    </message>
+    <message id="MENU_QUIT">
+        <source>Quit</source>
+        <translation>Quit</translation>
+    </message>
+    <message id="MENU_QUIT_TIP">
+        <source>Save and quit Vellox</source>
+        <translation>Save and quit Vellox</translation>
+    </message>
+    <message id="MENU_TYPOGRAPHY">
+        <source>Typography</source>
+        <translation>Typography</translation>
+    </message>
+    <message id="MENU_VIEW">
+        <source>&amp;View</source>
+        <translation>&amp;View</translation>
+    </message>
+    <message id="NOTEBOOK_POPUP_NAME">
+        <source>Current notebook</source>
+        <translation>Current notebook</translation>
+    </message>
+    <message id="NOTEBOOK_POPUP_TIP">
+        <source>Switch to another notebook</source>
+        <translation>Switch to another notebook</translation>
+    </message>
+    <message id="PREFERENCES_CHANGE_ICON">
+        <source>Choose Image…</source>
+        <translation>Choose Image…</translation>
+    </message>
+    <message id="PREFERENCES_CHANGE_ICON_TIP">
+        <source>Use an image file as the notebook's icon</source>
+        <translation>Use an image file as the notebook's icon</translation>
+    </message>
+    <message id="PREFERENCES_CHANGE_LOCATION">
+        <source>Change…</source>
+        <translation>Change…</translation>
+    </message>
+    <message id="PREFERENCES_CHANGE_LOCATION_TIP">
+        <source>Choose another folder for this notebook</source>
+        <translation>Choose another folder for this notebook</translation>
+    </message>
+    <message id="PREFERENCES_DELETE_NOTEBOOK">
+        <source>Remove</source>
+        <translation>Remove</translation>
+    </message>
+    <message id="PREFERENCES_DELETE_NOTEBOOK_TIP">
+        <source>Remove the notebook from Vellox; its folder and files stay on disk</source>
+        <translation>Remove the notebook from Vellox; its folder and files stay on disk</translation>
+    </message>
+    <message id="PREFERENCES_ICON_CHOOSER_LIST">
+        <source>Icons</source>
+        <translation>Icons</translation>
+    </message>
+    <message id="PREFERENCES_ICON_CHOOSER_OK_TIP">
+        <source>Use the selected icon for the notebook</source>
+        <translation>Use the selected icon for the notebook</translation>
+    </message>
+    <message id="PREFERENCES_ICON_CHOOSER_TITLE">
+        <source>Choose a Notebook Icon</source>
+        <translation>Choose a Notebook Icon</translation>
+    </message>
+    <message id="PREFERENCES_ICON_CHOOSER_TOOLTIP">
+        <source>Icons of your desktop's icon theme</source>
+        <translation>Icons of your desktop's icon theme</translation>
+    </message>
+    <message id="PREFERENCES_ICON_FROM_THEME">
+        <source>Choose Icon…</source>
+        <translation>Choose Icon…</translation>
+    </message>
+    <message id="PREFERENCES_ICON_FROM_THEME_TIP">
+        <source>Pick an icon from your desktop's icon theme</source>
+        <translation>Pick an icon from your desktop's icon theme</translation>
+    </message>
+    <message id="PREFERENCES_ICON_LABEL">
+        <source>Icon:</source>
+        <translation>Icon:</translation>
+    </message>
+    <message id="PREFERENCES_IMAGE_FILES">
+        <source>Images</source>
+        <translation>Images</translation>
+    </message>
+    <message id="PREFERENCES_LOCATION_LABEL">
+        <source>Location:</source>
+        <translation>Location:</translation>
+    </message>
+    <message id="PREFERENCES_NAME_LABEL">
+        <source>Name:</source>
+        <translation>Name:</translation>
+    </message>
+    <message id="PREFERENCES_NEW_NOTEBOOK">
+        <source>New</source>
+        <translation>New</translation>
+    </message>
+    <message id="PREFERENCES_NEW_NOTEBOOK_TIP">
+        <source>Add a new notebook</source>
+        <translation>Add a new notebook</translation>
+    </message>
+    <message id="PREFERENCES_NEW_UNNAMED_NOTEBOOK">
+        <source>New Notebook</source>
+        <translation>New Notebook</translation>
+    </message>
+    <message id="PREFERENCES_NOTEBOOKS_PANE">
+        <source>Notebooks</source>
+        <translation>Notebooks</translation>
+    </message>
+    <message id="PREFERENCES_NOTEBOOK_ICON">
+        <source>Notebook icon</source>
+        <translation>Notebook icon</translation>
+    </message>
+    <message id="PREFERENCES_NOTEBOOK_ICON_TIP">
+        <source>The icon shown in the side bar and notebook menu</source>
+        <translation>The icon shown in the side bar and notebook menu</translation>
+    </message>
+    <message id="PREFERENCES_NOTEBOOK_LABEL">
+        <source>Notebook:</source>
+        <translation>Notebook:</translation>
+    </message>
+    <message id="PREFERENCES_NOTEBOOK_LOCATION">
+        <source>Notebook location</source>
+        <translation>Notebook location</translation>
+    </message>
+    <message id="PREFERENCES_NOTEBOOK_LOCATION_TIP">
+        <source>The folder that holds this notebook's entries</source>
+        <translation>The folder that holds this notebook's entries</translation>
+    </message>
+    <message id="PREFERENCES_NOTEBOOK_NAME">
+        <source>Notebook name</source>
+        <translation>Notebook name</translation>
+    </message>
+    <message id="PREFERENCES_NOTEBOOK_NAME_TIP">
+        <source>The notebook's name; every notebook needs its own</source>
+        <translation>The notebook's name; every notebook needs its own</translation>
+    </message>
+    <message id="PREFERENCES_NOTEBOOK_ORDER">
+        <source>Notebook order</source>
+        <translation>Notebook order</translation>
+    </message>
+    <message id="PREFERENCES_NOTEBOOK_ORDER_TIP">
+        <source>Drag a notebook to change its place in the side bar and menu</source>
+        <translation>Drag a notebook to change its place in the side bar and menu</translation>
+    </message>
+    <message id="PREFERENCES_NOTEBOOK_SELECTOR">
+        <source>Notebook to edit</source>
+        <translation>Notebook to edit</translation>
+    </message>
+    <message id="PREFERENCES_NOTEBOOK_SELECTOR_TIP">
+        <source>Choose the notebook whose settings you want to change</source>
+        <translation>Choose the notebook whose settings you want to change</translation>
+    </message>
+    <message id="PREFERENCES_ORDER_LABEL">
+        <source>Order</source>
+        <translation>Order</translation>
+    </message>
+    <message id="PREFERENCES_PANES">
+        <source>Preference panes</source>
+        <translation>Preference panes</translation>
+    </message>
+    <message id="PREFERENCES_SAVE_NOTEBOOK">
+        <source>Save</source>
+        <translation>Save</translation>
+    </message>
+    <message id="PREFERENCES_SAVE_NOTEBOOK_TIP">
+        <source>Save the changes to this notebook</source>
+        <translation>Save the changes to this notebook</translation>
+    </message>
+    <message id="PREFERENCES_SELECT_DIARY_SAVEDESTIONATION_MESSAGE">
+        <source>Choose the folder where this notebook keeps its entries.</source>
+        <translation>Choose the folder where this notebook keeps its entries.</translation>
+    </message>
+    <message id="PREFERENCES_SELECT_DIARY_SAVEDESTIONATION_TITLE">
+        <source>Choose Notebook Folder</source>
+        <translation>Choose Notebook Folder</translation>
+    </message>
+    <message id="PREFERENCES_WINDOW_TITLE">
+        <source>Preferences</source>
+        <translation>Preferences</translation>
+    </message>
+    <message id="PREVIEW_MODE_NAME">
+        <source>Preview</source>
+        <translation>Preview</translation>
+    </message>
+    <message id="PREVIEW_MODE_TIP">
+        <source>Show the formatted preview</source>
+        <translation>Show the formatted preview</translation>
+    </message>
+    <message id="PREVIEW_NAME">
+        <source>Preview</source>
+        <translation>Preview</translation>
+    </message>
+    <message id="PREVIEW_TIP">
+        <source>The entry as formatted text</source>
+        <translation>The entry as formatted text</translation>
+    </message>
+    <message id="REMOVE_ENTRY_NAME">
+        <source>Delete entry</source>
+        <translation>Delete entry</translation>
+    </message>
+    <message id="REMOVE_ENTRY_TIP">
+        <source>Move the selected entry to the trash</source>
+        <translation>Move the selected entry to the trash</translation>
+    </message>
+    <message id="SETTINGS_BUTTON_NAME">
+        <source>Preferences</source>
+        <translation>Preferences</translation>
+    </message>
+    <message id="SETTINGS_BUTTON_TIP">
+        <source>Manage notebooks and settings</source>
+        <translation>Manage notebooks and settings</translation>
+    </message>
+    <message id="STYLES_BUTTON_NAME">
+        <source>Preview styles</source>
+        <translation>Preview styles</translation>
+    </message>
+    <message id="STYLES_BUTTON_TIP">
+        <source>Choose the style of the preview</source>
+        <translation>Choose the style of the preview</translation>
+    </message>
+    <message id="THE_CURRENT_FILENAME_PLACEHOLDER">
+        <source>Title or search</source>
+        <translation>Title or search</translation>
+    </message>
+    <message id="TITLE_FIELD_NAME">
+        <source>Entry title</source>
+        <translation>Entry title</translation>
+    </message>
+    <message id="TITLE_FIELD_TIP">
+        <source>The title of the entry; type to search the notebook</source>
+        <translation>The title of the entry; type to search the notebook</translation>
+    </message>
+    <message id="WORD_COUNTER_NAME">
+        <source>Words and characters</source>
+        <translation>Words and characters</translation>
+    </message>
+    <message id="WORD_COUNTER_TIP">
+        <source>Words : characters of this entry</source>
+        <translation>Words : characters of this entry</translation>
     </message>
 </context>
 </TS>

@@ -14,8 +14,7 @@ inline const QString TextChangedShouldBeSaved =
 inline const QString SelectNext = QStringLiteral("SelectNextNotification");
 inline const QString SelectPrevious = QStringLiteral("SelectPreviousNotification");
 inline const QString CSSStyleChangePerformReload = QStringLiteral("CSSStyleChangePerformReload");
-inline const QString AutoOpenAttachmentView =
-    QStringLiteral("AutoOpenAttachmentViewNotification");
+inline const QString AutoOpenAttachmentView = QStringLiteral("AutoOpenAttachmentViewNotification");
 inline const QString AutoCloseAttachmentView =
     QStringLiteral("AutoCloseAttachmentViewNotification");
 inline const QString FullscreenAttributesChanged =

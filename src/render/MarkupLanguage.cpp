@@ -13,10 +13,14 @@ int clamped(int number)
 
 const QStringList &displayNames()
 {
-    static const QStringList names = {QString(),          QStringLiteral("Markdown"),
-                                      QStringLiteral("Textile"), QStringLiteral("Wikitext"),
-                                      QStringLiteral("BBCode"),  QStringLiteral("Smark"),
-                                      QStringLiteral("HTML"),    QStringLiteral("MultiMarkdown")};
+    static const QStringList names = {QString(),
+                                      QStringLiteral("Markdown"),
+                                      QStringLiteral("Textile"),
+                                      QStringLiteral("Wikitext"),
+                                      QStringLiteral("BBCode"),
+                                      QStringLiteral("Smark"),
+                                      QStringLiteral("HTML"),
+                                      QStringLiteral("MultiMarkdown")};
     return names;
 }
 
@@ -41,9 +45,9 @@ const QStringList &typeIdentifiers()
 
 const QStringList &keyWords()
 {
-    static const QStringList list = {QStringLiteral("markdown"), QStringLiteral("textile"),
-                                     QStringLiteral("wikitext"), QStringLiteral("bbcode"),
-                                     QStringLiteral("smark"),    QStringLiteral("html"),
+    static const QStringList list = {QStringLiteral("markdown"),     QStringLiteral("textile"),
+                                     QStringLiteral("wikitext"),     QStringLiteral("bbcode"),
+                                     QStringLiteral("smark"),        QStringLiteral("html"),
                                      QStringLiteral("multimarkdown")};
     return list;
 }
@@ -51,9 +55,9 @@ const QStringList &keyWords()
 const QStringList &selectionKeys()
 {
     static const QStringList list = {
-        QStringLiteral("MarkupIsSelectedMarkdown"), QStringLiteral("MarkupIsSelectedTextile"),
-        QStringLiteral("MarkupIsSelectedWikitext"), QStringLiteral("MarkupIsSelectedBBCode"),
-        QStringLiteral("MarkupIsSelectedSmark"),    QStringLiteral("MarkupIsSelectedHTML"),
+        QStringLiteral("MarkupIsSelectedMarkdown"),     QStringLiteral("MarkupIsSelectedTextile"),
+        QStringLiteral("MarkupIsSelectedWikitext"),     QStringLiteral("MarkupIsSelectedBBCode"),
+        QStringLiteral("MarkupIsSelectedSmark"),        QStringLiteral("MarkupIsSelectedHTML"),
         QStringLiteral("MarkupIsSelectedMultiMarkdown")};
     return list;
 }
@@ -83,8 +87,9 @@ QString converterKeyWord(int number)
 QString boldTitle(int number, const QString &title)
 {
     static const QStringList patterns = {
-        QStringLiteral("**%@**"),     QStringLiteral("*%@*"),   QStringLiteral("'''%@'''"),
-        QStringLiteral("[b]%@[/b]"), QStringLiteral("**%@**"), QStringLiteral("<strong>%@</strong>"),
+        QStringLiteral("**%@**"),   QStringLiteral("*%@*"),
+        QStringLiteral("'''%@'''"), QStringLiteral("[b]%@[/b]"),
+        QStringLiteral("**%@**"),   QStringLiteral("<strong>%@</strong>"),
         QStringLiteral("**%@**")};
     if (number == 0)
         return title;
@@ -128,8 +133,8 @@ void select(UserDefaults &defaults, int tag)
         defaults.setBool(key, false);
     defaults.setInteger(QStringLiteral("TypographyUseMarkupLanguage"), tag - MenuTagBase);
     const int number = tag - MenuTagBase;
-    const QString chosen = (number >= 1 && number <= Count) ? selectionKeys().at(number - 1)
-                                                            : selectionKeys().at(0);
+    const QString chosen =
+        (number >= 1 && number <= Count) ? selectionKeys().at(number - 1) : selectionKeys().at(0);
     defaults.setString(chosen, QStringLiteral("selected"));
 }
 

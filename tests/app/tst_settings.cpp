@@ -33,10 +33,9 @@ private Q_SLOTS:
         d.sync();
         for (const auto &entry : UserDefaults::defaultsTable())
             QVERIFY2(!d.hasStoredValue(entry.first), qPrintable(entry.first));
-        QVERIFY(!QFile::exists(UserDefaults::standardFilePath()) ||
-                QSettings(UserDefaults::standardFilePath(), QSettings::IniFormat)
-                    .allKeys()
-                    .isEmpty());
+        QVERIFY(
+            !QFile::exists(UserDefaults::standardFilePath()) ||
+            QSettings(UserDefaults::standardFilePath(), QSettings::IniFormat).allKeys().isEmpty());
     }
 
     void writesAreHumanReadableAndSurviveReopening()

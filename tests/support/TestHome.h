@@ -25,17 +25,17 @@ void velloxPrepareTestProcess();
 
 // Like QTEST_MAIN, with a private HOME, the id-based translations loaded and the
 // application attributes QtWebEngine needs.
-#define VELLOX_TEST_MAIN(TestObject)                                                         \
-    int main(int argc, char *argv[])                                                         \
-    {                                                                                        \
-        velloxPrepareTestProcess();                                                          \
-        TestHome home;                                                                       \
-        QApplication app(argc, argv);                                                        \
-        velloxInstallTranslations(&app);                                                     \
-        app.setAttribute(Qt::AA_Use96Dpi, true);                                             \
-        TestObject tc;                                                                       \
-        QTEST_SET_MAIN_SOURCE_PATH                                                           \
-        return QTest::qExec(&tc, argc, argv);                                                \
+#define VELLOX_TEST_MAIN(TestObject)                                                               \
+    int main(int argc, char *argv[])                                                               \
+    {                                                                                              \
+        velloxPrepareTestProcess();                                                                \
+        TestHome home;                                                                             \
+        QApplication app(argc, argv);                                                              \
+        velloxInstallTranslations(&app);                                                           \
+        app.setAttribute(Qt::AA_Use96Dpi, true);                                                   \
+        TestObject tc;                                                                             \
+        QTEST_SET_MAIN_SOURCE_PATH                                                                 \
+        return QTest::qExec(&tc, argc, argv);                                                      \
     }
 
 void velloxInstallTranslations(QCoreApplication *app);

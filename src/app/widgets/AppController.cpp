@@ -1,0 +1,414 @@
+#include "AppController.h"
+
+#include "FirstRunPanel.h"
+#include "MainWindow.h"
+#include "app/NotificationCenter.h"
+#include "app/Notifications.h"
+#include "app/UserDefaults.h"
+#include "library/NotebookRegistry.h"
+#include "render/MarkupLanguage.h"
+#include "widgets/NotebookSideBar.h"
+
+#include <QAction>
+#include <QComboBox>
+#include <QFileDialog>
+#include <QFileIconProvider>
+#include <QFileInfo>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenu>
+#include <QPainter>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+namespace {
+const QString kPopUpFont = QStringLiteral("Helvetica Neue");
+constexpr int kPopUpPointSize = 30;
+constexpr int kSideBarRows = 7; // rows 0..6; row 7 shows an overflow notebook
+} // namespace
+
+AppController::AppController(UserDefaults &defaults, QObject *parent)
+    : QObject(parent)
+    , m_defaults(defaults)
+    , m_registry(new NotebookRegistry(defaults))
+{
+    // The first record is taken as it is: on a first run there is none yet and the path
+    // stays empty until the first-run panel sets it.
+    const auto records = m_registry->records();
+    if (!records.isEmpty()) {
+        m_myPersonalSavePath =
+            records.first().value(NotebookRegistry::PathKey).toString() + QLatin1Char('/');
+        m_securityScopeBookmarkData =
+            records.first().value(NotebookRegistry::SecUrlKey).toByteArray();
+    }
+    m_menuRebuildTimer.setSingleShot(true);
+    m_menuRebuildTimer.setInterval(1000);
+    connect(&m_menuRebuildTimer, &QTimer::timeout, this, &AppController::diaryMenuInit);
+}
+
+AppController::~AppController()
+{
+    delete m_registry;
+    delete m_window;
+}
+
+bool AppController::awakeFromNib()
+{
+    m_window = new MainWindow;
+    if (m_defaults.boolForKey(QStringLiteral("DocklessWindowMode"))) {
+        // No taskbar entry: the window is reached from the tray item instead.
+        m_window->setWindowFlag(Qt::Tool, true);
+    }
+    if (m_defaults.boolForKey(QStringLiteral("USEBLACKDOCUMENT")))
+        setupDarkDocument();
+
+    QPlainTextEdit *editor = m_window->editor();
+    editor->setPlaceholderText(qtTrId("EDITOR_HINT_NO_ENTRY"));
+    editor->setReadOnly(true);
+    editor->setContentsMargins(0, 4, 0, 4);
+
+    if (!m_registry->exists() && !runFirstRunPanel())
+        return false;
+
+    wireWindow();
+    observeNotifications();
+    m_fullscreenActive = false;
+    startTheGame();
+    return true;
+}
+
+void AppController::setupDarkDocument()
+{
+    m_window->applyDarkAppearance(true);
+}
+
+void AppController::wireWindow()
+{
+    connect(m_window->notebookPopUp(), &QComboBox::activated, this,
+            [this](int index) { selectDiary(index); });
+    connect(m_window->sideBar(), &NotebookSideBar::didSelectButton, this,
+            &AppController::sideBarDidSelectButton);
+    connect(m_window, &MainWindow::activationChanged, this, [this](bool active) {
+        if (active)
+            windowDidBecomeMain();
+        else
+            windowDidResignMain();
+    });
+    connect(m_window->editModeButton(), &QToolButton::clicked, m_window, &MainWindow::showEditor);
+    connect(m_window->previewModeButton(), &QToolButton::clicked, m_window,
+            &MainWindow::showPreview);
+    connect(m_window->attachmentButton(), &QToolButton::toggled, m_window,
+            &MainWindow::setAttachmentAreaVisible);
+    for (int number = 1; number <= MarkupLanguage::Count; ++number) {
+        QAction *action = m_window->markupLanguageAction(MarkupLanguage::menuTag(number));
+        connect(action, &QAction::triggered, this,
+                [this, action] { selectMarkupLanguage(action); });
+    }
+}
+
+void AppController::observeNotifications()
+{
+    NotificationCenter &center = NotificationCenter::defaultCenter();
+    center.addObserver(this, Notifications::DiaryCollectionUpdated,
+                       [this](const Notification &) { diaryMenuInitFromNotification(); });
+    center.addObserver(this, Notifications::ReloadFilesForSelectedNoticeBlock,
+                       [this](const Notification &) { loadFilesForSelectedNoticeBlock(); });
+}
+
+void AppController::startTheGame()
+{
+    diaryMenuInit();
+    m_window->sideBar()->clearSelection();
+    loadFilesForSelectedNoticeBlock();
+}
+
+void AppController::startSecurityScopeSandBox()
+{
+    // Folders the user chose are always reachable here; the bracket stays so every folder
+    // operation keeps one place to ask for access should that ever change.
+    m_securityScopeUrl = QUrl::fromLocalFile(m_myPersonalSavePath);
+}
+
+void AppController::stopSecurityScopeSandBox() {}
+
+QImage AppController::convertImageToGrayScale(const QImage &image)
+{
+    QImage grey = image.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < grey.height(); ++y) {
+        auto *line = reinterpret_cast<QRgb *>(grey.scanLine(y));
+        for (int x = 0; x < grey.width(); ++x) {
+            const QRgb pixel = line[x];
+            const int luma = qGray(pixel);
+            line[x] = qRgba(luma, luma, luma, qAlpha(pixel));
+        }
+    }
+    return grey;
+}
+
+QImage AppController::notebookIcon(const QString &folder, int size)
+{
+    QImage icon = NotebookRegistry::iconForFolder(folder);
+    if (icon.isNull()) {
+        static QFileIconProvider provider;
+        QIcon platform = folder.isEmpty() ? provider.icon(QFileIconProvider::Folder)
+                                          : provider.icon(QFileInfo(folder));
+        if (platform.isNull())
+            platform = QIcon::fromTheme(QStringLiteral("folder"));
+        icon = platform.pixmap(size, size).toImage();
+    }
+    if (icon.isNull()) {
+        icon = QImage(size, size, QImage::Format_ARGB32);
+        icon.fill(Qt::transparent);
+        QPainter painter(&icon);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setBrush(QColor(0x3f, 0x7f, 0xbf));
+        painter.setPen(Qt::NoPen);
+        painter.drawRoundedRect(QRectF(2, 6, size - 4, size - 10), 4, 4);
+    }
+    return icon.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+}
+
+void AppController::diaryMenuInit()
+{
+    QComboBox *popUp = m_window->notebookPopUp();
+    NotebookSideBar *sideBar = m_window->sideBar();
+    int selected = popUp->currentIndex();
+    popUp->clear();
+    QMenu *moveTo = m_window->moveToMenu();
+    QMenu *duplicateTo = m_window->duplicateToMenu();
+    moveTo->clear();
+    duplicateTo->clear();
+
+    const auto records = m_registry->records();
+    for (int i = 0; i < records.size(); ++i) {
+        const QString name = records.at(i).value(NotebookRegistry::NameKey).toString();
+        const QString path = records.at(i).value(NotebookRegistry::PathKey).toString();
+        startSecurityScopeSandBox();
+        const QImage icon = notebookIcon(path, 50);
+        stopSecurityScopeSandBox();
+        const QIcon small(
+            QPixmap::fromImage(icon.scaled(20, 20, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
+        // Moving and duplicating entries between notebooks arrive with the entry
+        // operations; the menus already list every notebook.
+        QAction *move = moveTo->addAction(small, name);
+        move->setData(i);
+        move->setEnabled(false);
+        QAction *duplicate = duplicateTo->addAction(small, name);
+        duplicate->setData(i);
+        duplicate->setEnabled(false);
+
+        popUp->addItem(QIcon(QPixmap::fromImage(icon)), name);
+        popUp->setItemData(i, name, Qt::ToolTipRole);
+        if (i < kSideBarRows) {
+            if (i < sideBar->rowCount())
+                sideBar->setRow(i, name, icon, convertImageToGrayScale(icon));
+            else
+                sideBar->addRow(name, icon, convertImageToGrayScale(icon));
+        }
+    }
+    while (sideBar->rowCount() > records.size())
+        sideBar->removeLastRow();
+
+    if (selected < 0 || selected >= popUp->count())
+        selected = 0;
+    popUp->setCurrentIndex(selected);
+    applyCurrentNotebookTitle(selected);
+
+    NotificationCenter::defaultCenter().post(Notifications::DiaryNewSelectedReloadNotes, this);
+    if (selected < records.size()) {
+        m_myPersonalSavePath =
+            records.at(selected).value(NotebookRegistry::PathKey).toString() + QLatin1Char('/');
+        m_securityScopeBookmarkData =
+            records.at(selected).value(NotebookRegistry::SecUrlKey).toByteArray();
+    }
+    Q_EMIT currentNotebookChanged(m_myPersonalSavePath);
+    NotificationCenter::defaultCenter().post(Notifications::ReloadFilesForSelectedNoticeBlock,
+                                             this);
+    sideBar->update();
+}
+
+void AppController::applyCurrentNotebookTitle(int index)
+{
+    QComboBox *popUp = m_window->notebookPopUp();
+    QFont font(kPopUpFont);
+    font.setPointSize(kPopUpPointSize);
+    popUp->setFont(font);
+    const QString name = popUp->itemText(index);
+    m_window->setWindowTitle(name.isEmpty() ? QStringLiteral("Vellox") : name);
+}
+
+void AppController::diaryMenuInitFromNotification()
+{
+    if (m_window->notebookPopUp()->count() > m_registry->count())
+        selectDiary(-1);
+    m_menuRebuildTimer.start();
+}
+
+void AppController::selectDiary(int index)
+{
+    if (m_beforeNotebookChange)
+        m_beforeNotebookChange();
+    QComboBox *popUp = m_window->notebookPopUp();
+    int n = index;
+    if (n < 0) {
+        n = 0;
+        popUp->setCurrentIndex(0);
+    }
+    m_myPersonalSavePath = m_registry->savePathForIndex(n);
+    m_securityScopeBookmarkData =
+        m_registry->record(n).value(NotebookRegistry::SecUrlKey).toByteArray();
+    Q_EMIT editorShouldReset();
+    m_window->titleField()->clear();
+    applyCurrentNotebookTitle(n);
+    diaryMenuInit();
+    loadFilesForSelectedNoticeBlock();
+    m_window->entryList()->clearSelection();
+    if (n > kSideBarRows - 1)
+        prepareToSelectSideNavigationWithIndex(n);
+    else
+        m_window->sideBar()->selectRow(n);
+    NotificationCenter::defaultCenter().post(Notifications::DiaryNewSelectedReloadNotes, this);
+}
+
+void AppController::sideBarDidSelectButton(int row)
+{
+    if (m_beforeNotebookChange)
+        m_beforeNotebookChange();
+    QComboBox *popUp = m_window->notebookPopUp();
+    int n = row;
+    if (row > kSideBarRows - 1)
+        n = popUp->findText(m_window->sideBar()->rowToolTip(row), Qt::MatchExactly);
+    if (n < 0)
+        return;
+    popUp->setCurrentIndex(n);
+    m_myPersonalSavePath = m_registry->savePathForIndex(n);
+    m_securityScopeBookmarkData =
+        m_registry->record(n).value(NotebookRegistry::SecUrlKey).toByteArray();
+    Q_EMIT editorShouldReset();
+    m_window->titleField()->clear();
+    applyCurrentNotebookTitle(n);
+    diaryMenuInit();
+    loadFilesForSelectedNoticeBlock();
+    m_window->entryList()->clearSelection();
+    NotificationCenter::defaultCenter().post(Notifications::DiaryNewSelectedReloadNotes, this);
+}
+
+void AppController::prepareToSelectSideNavigationWithIndex(int index)
+{
+    startSecurityScopeSandBox();
+    const QVariantMap record = m_registry->record(index);
+    const QString name = record.value(NotebookRegistry::NameKey).toString();
+    const QImage icon = notebookIcon(record.value(NotebookRegistry::PathKey).toString(), 50);
+    NotebookSideBar *sideBar = m_window->sideBar();
+    if (sideBar->rowCount() > kSideBarRows)
+        sideBar->setRow(kSideBarRows, name, icon, convertImageToGrayScale(icon));
+    else
+        sideBar->addRow(name, icon, convertImageToGrayScale(icon));
+    sideBar->selectRow(kSideBarRows);
+    stopSecurityScopeSandBox();
+}
+
+void AppController::loadFilesForSelectedNoticeBlock()
+{
+    if (m_relist)
+        m_relist();
+}
+
+void AppController::windowDidBecomeMain() {}
+
+void AppController::windowDidResignMain() {}
+
+void AppController::selectMarkupLanguage(QAction *item)
+{
+    if (!item)
+        return;
+    for (int number = 1; number <= MarkupLanguage::Count; ++number) {
+        if (QAction *action = m_window->markupLanguageAction(MarkupLanguage::menuTag(number)))
+            action->setChecked(false);
+    }
+    MarkupLanguage::select(m_defaults, item->data().toInt());
+    item->setChecked(true);
+}
+
+void AppController::tickCurrentMarkupLanguage()
+{
+    const int tag = MarkupLanguage::MenuTagBase + MarkupLanguage::current(m_defaults);
+    if (QAction *action = m_window->markupLanguageAction(tag))
+        action->setChecked(true);
+}
+
+// First run ----------------------------------------------------------------------------
+
+bool AppController::runFirstRunPanel()
+{
+    m_firstRunPanel = new FirstRunPanel;
+    FirstRunPanel *panel = m_firstRunPanel;
+    connect(panel->nameField(), &QLineEdit::textChanged, this,
+            &AppController::setFirstRun_DiaryNameString);
+    connect(panel->chooseButton(), &QPushButton::clicked, this,
+            &AppController::firstRun_selectFirstDiarySavePath);
+    connect(panel->okButton(), &QPushButton::clicked, this, &AppController::firstRun_setupDiary);
+    connect(panel->cancelButton(), &QPushButton::clicked, this,
+            &AppController::firstRun_cancelAndQuit);
+    connect(panel, &FirstRunPanel::cancelRequested, this, &AppController::firstRun_cancelAndQuit);
+    checkIfOKButtonCanbeReleased();
+    const int result = panel->exec();
+    delete panel;
+    return result == QDialog::Accepted && !m_firstRunCancelled;
+}
+
+void AppController::setFirstRun_DiaryNameString(const QString &name)
+{
+    m_firstRun_DiaryNameString = name;
+    checkIfOKButtonCanbeReleased();
+}
+
+void AppController::checkIfOKButtonCanbeReleased()
+{
+    if (!m_firstRunPanel)
+        return;
+    const QString folder = m_firstRunPanel->folderField()->text();
+    const bool ok = !m_firstRun_DiaryNameString.trimmed().isEmpty() && !folder.isEmpty() &&
+                    QFileInfo(folder).isDir();
+    m_firstRunPanel->okButton()->setEnabled(ok);
+}
+
+void AppController::firstRun_selectFirstDiarySavePath()
+{
+    auto *dialog =
+        new QFileDialog(m_firstRunPanel, qtTrId("PREFERENCES_SELECT_DIARY_SAVEDESTIONATION_TITLE"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::Directory);
+    dialog->setOption(QFileDialog::ShowDirsOnly, true);
+    dialog->setLabelText(QFileDialog::Accept, qtTrId("BUTTON_CHOOSE"));
+    dialog->setToolTip(qtTrId("PREFERENCES_SELECT_DIARY_SAVEDESTIONATION_MESSAGE"));
+    dialog->setAccessibleName(dialog->windowTitle());
+    dialog->setWindowModality(Qt::WindowModal);
+    connect(dialog, &QFileDialog::fileSelected, this, &AppController::firstRun_setFolder);
+    dialog->open();
+}
+
+void AppController::firstRun_setFolder(const QString &folder)
+{
+    if (!m_firstRunPanel || folder.isEmpty())
+        return;
+    m_firstRunPanel->folderField()->setText(QDir::cleanPath(folder));
+    checkIfOKButtonCanbeReleased();
+}
+
+void AppController::firstRun_setupDiary()
+{
+    if (!m_firstRunPanel || !m_firstRunPanel->okButton()->isEnabled())
+        return;
+    const QString path = m_firstRunPanel->folderField()->text();
+    m_registry->storeFirstNotebook(m_firstRun_DiaryNameString, path);
+    m_myPersonalSavePath = path + QLatin1Char('/');
+    m_firstRunPanel->accept();
+}
+
+void AppController::firstRun_cancelAndQuit()
+{
+    m_firstRunCancelled = true;
+    if (m_firstRunPanel)
+        m_firstRunPanel->done(QDialog::Rejected);
+}

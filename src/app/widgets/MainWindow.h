@@ -1,0 +1,100 @@
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QListView;
+class QMenu;
+class QPlainTextEdit;
+class QSplitter;
+class QStackedWidget;
+class QToolButton;
+class NotebookSideBar;
+
+// The main window's widgets and menus. It shows and routes; AppController decides.
+class MainWindow : public QMainWindow
+{
+    Q_OBJECT
+public:
+    explicit MainWindow(QWidget *parent = nullptr);
+
+    NotebookSideBar *sideBar() const { return m_sideBar; }
+    QComboBox *notebookPopUp() const { return m_notebookPopUp; }
+    QLineEdit *titleField() const { return m_titleField; }
+    QListView *entryList() const { return m_entryList; }
+    QPlainTextEdit *editor() const { return m_editor; }
+    QWidget *previewArea() const { return m_previewArea; }
+    QStackedWidget *contentStack() const { return m_contentStack; }
+    QWidget *attachmentArea() const { return m_attachmentArea; }
+    QLabel *wordCounter() const { return m_wordCounter; }
+    QToolButton *editModeButton() const { return m_editModeButton; }
+    QToolButton *previewModeButton() const { return m_previewModeButton; }
+    QToolButton *attachmentButton() const { return m_attachmentButton; }
+    QToolButton *addEntryButton() const { return m_addEntryButton; }
+    QToolButton *removeEntryButton() const { return m_removeEntryButton; }
+    QToolButton *styleButton() const { return m_styleButton; }
+    QToolButton *settingsButton() const { return m_settingsButton; }
+    QMenu *moveToMenu() const { return m_moveToMenu; }
+    QMenu *duplicateToMenu() const { return m_duplicateToMenu; }
+    QMenu *fileMenu() const { return m_fileMenu; }
+    QMenu *editMenu() const { return m_editMenu; }
+    QMenu *formatMenu() const { return m_formatMenu; }
+    QMenu *viewMenu() const { return m_viewMenu; }
+    QMenu *markupLanguageMenu() const { return m_markupLanguageMenu; }
+
+    // Swaps in the real editor or preview when they are created.
+    void setEditor(QPlainTextEdit *editor);
+    void setPreviewWidget(QWidget *preview);
+    void showEditor();
+    void showPreview();
+    void setAttachmentAreaVisible(bool visible);
+    // The dark variant: white icons and text on dark backgrounds.
+    void applyDarkAppearance(bool dark);
+    static QIcon themedIcon(const QString &baseName, bool white);
+
+    // Walks the menu bar as the language menu's items are looked up: top-level item 2, its
+    // item tagged 800, that item's item tagged 900, then the item with the given tag.
+    QAction *markupLanguageAction(int tag) const;
+
+Q_SIGNALS:
+    void activationChanged(bool active);
+    void closing();
+
+protected:
+    void changeEvent(QEvent *event) override;
+    void closeEvent(QCloseEvent *event) override;
+
+private:
+    void buildMenus();
+    QWidget *buildTopBar();
+    QToolButton *makeToolButton(const QString &name, const QString &tip, const QString &icon);
+
+    NotebookSideBar *m_sideBar;
+    QComboBox *m_notebookPopUp;
+    QLineEdit *m_titleField;
+    QListView *m_entryList;
+    QPlainTextEdit *m_editor;
+    QWidget *m_previewArea;
+    QStackedWidget *m_contentStack;
+    QWidget *m_attachmentArea;
+    QLabel *m_wordCounter;
+    QToolButton *m_editModeButton = nullptr;
+    QToolButton *m_previewModeButton = nullptr;
+    QToolButton *m_attachmentButton = nullptr;
+    QToolButton *m_addEntryButton = nullptr;
+    QToolButton *m_removeEntryButton = nullptr;
+    QToolButton *m_styleButton = nullptr;
+    QToolButton *m_settingsButton = nullptr;
+    QSplitter *m_splitter = nullptr;
+    QMenu *m_moveToMenu;
+    QMenu *m_duplicateToMenu;
+    QMenu *m_fileMenu = nullptr;
+    QMenu *m_editMenu = nullptr;
+    QMenu *m_formatMenu = nullptr;
+    QMenu *m_viewMenu = nullptr;
+    QMenu *m_markupLanguageMenu = nullptr;
+    bool m_dark = false;
+};
