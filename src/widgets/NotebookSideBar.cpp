@@ -18,7 +18,9 @@ NotebookSideBar::NotebookSideBar(QWidget *parent)
         selectRow(row);
         Q_EMIT didSelectButton(row);
     });
-    setFixedWidth(64);
+    setFixedWidth(80);
+    setAttribute(Qt::WA_StyledBackground, true);
+    setStyleSheet(lightStyle());
 }
 
 void NotebookSideBar::addRow(const QString &title, const QImage &image,
@@ -27,8 +29,11 @@ void NotebookSideBar::addRow(const QString &title, const QImage &image,
     auto *button = new QToolButton(this);
     button->setCheckable(true);
     button->setAutoRaise(true);
-    button->setIconSize(QSize(40, 40));
-    button->setFixedSize(52, 52);
+    button->setIconSize(QSize(36, 36));
+    button->setFixedSize(68, 60);
+    QFont small = button->font();
+    small.setPointSizeF(small.pointSizeF() * 0.8);
+    button->setFont(small);
     const int row = int(m_buttons.size());
     button->setObjectName(QStringLiteral("notebookSideBarRow%1").arg(row));
     m_group.addButton(button, row);
@@ -47,7 +52,7 @@ void NotebookSideBar::setRow(int row, const QString &title, const QImage &image,
     QToolButton *button = m_buttons.at(row);
     button->setToolTip(title);
     button->setAccessibleName(title);
-    button->setText(title);
+    button->setText(button->fontMetrics().elidedText(title, Qt::ElideRight, 64));
     refreshIcons();
 }
 
@@ -100,7 +105,23 @@ void NotebookSideBar::clearSelection()
 void NotebookSideBar::setDarkAppearance(bool dark)
 {
     m_dark = dark;
-    setStyleSheet(dark ? QStringLiteral("NotebookSideBar { background: #1e1e1e; }") : QString());
+    setStyleSheet(dark ? darkStyle() : lightStyle());
+}
+
+QString NotebookSideBar::lightStyle()
+{
+    return QStringLiteral("NotebookSideBar { background: #e9ecef; }"
+                          "QToolButton { border: none; border-radius: 6px; color: #333333; }"
+                          "QToolButton:hover { background: rgba(0, 0, 0, 0.07); }"
+                          "QToolButton:checked { background: #c9d6e6; color: #000000; }");
+}
+
+QString NotebookSideBar::darkStyle()
+{
+    return QStringLiteral("NotebookSideBar { background: #1b1b1b; }"
+                          "QToolButton { border: none; border-radius: 6px; color: #dddddd; }"
+                          "QToolButton:hover { background: rgba(255, 255, 255, 0.08); }"
+                          "QToolButton:checked { background: #3a4a5c; color: #ffffff; }");
 }
 
 void NotebookSideBar::refreshIcons()
@@ -111,6 +132,6 @@ void NotebookSideBar::refreshIcons()
             m_buttons.at(i)->isChecked() && !row.alternate.isNull() ? row.alternate : row.image;
         m_buttons.at(i)->setIcon(QIcon(QPixmap::fromImage(shown)));
         m_buttons.at(i)->setToolButtonStyle(shown.isNull() ? Qt::ToolButtonTextOnly
-                                                           : Qt::ToolButtonIconOnly);
+                                                           : Qt::ToolButtonTextUnderIcon);
     }
 }

@@ -34,6 +34,8 @@ Q_SIGNALS:
 
 private:
     void refreshIcons();
+    static QString lightStyle();
+    static QString darkStyle();
 
     struct Row
     {

@@ -155,7 +155,8 @@ QToolButton *MainWindow::makeToolButton(const QString &name, const QString &tip,
     button->setObjectName(icon + QStringLiteral("Button"));
     button->setAccessibleName(name);
     button->setToolTip(tip);
-    button->setIcon(themedIcon(icon, false));
+    // The header is dark in both appearances, so its buttons always carry the white icons.
+    button->setIcon(themedIcon(icon, true));
     button->setIconSize(QSize(20, 20));
     button->setAutoRaise(true);
     button->setProperty("iconBase", icon);
@@ -166,6 +167,18 @@ QWidget *MainWindow::buildTopBar()
 {
     auto *bar = new QWidget;
     bar->setObjectName(QStringLiteral("topBar"));
+    bar->setAttribute(Qt::WA_StyledBackground, true);
+    bar->setStyleSheet(QStringLiteral(
+        "#topBar { background: qlineargradient(x1:0, y1:0, x2:0, y2:1, stop:0 #37414f,"
+        "  stop:1 #2b333e); }"
+        "#topBar QComboBox#notebookPopUp { color: #ffffff; background: transparent;"
+        "  border: none; padding: 0 6px; }"
+        "#topBar QComboBox#notebookPopUp QAbstractItemView { color: #000000;"
+        "  background: #ffffff; selection-background-color: #3f7fbf;"
+        "  selection-color: #ffffff; }"
+        "#topBar QToolButton { border: none; border-radius: 4px; padding: 4px; }"
+        "#topBar QToolButton:hover { background: rgba(255, 255, 255, 0.12); }"
+        "#topBar QToolButton:checked { background: rgba(255, 255, 255, 0.22); }"));
     auto *layout = new QHBoxLayout(bar);
     layout->setContentsMargins(8, 6, 8, 6);
     m_addEntryButton =
@@ -312,8 +325,7 @@ void MainWindow::applyDarkAppearance(bool dark)
     const QList<QToolButton *> buttons = {
         m_addEntryButton,   m_removeEntryButton, m_editModeButton, m_previewModeButton,
         m_attachmentButton, m_styleButton,       m_settingsButton};
-    for (QToolButton *button : buttons)
-        button->setIcon(themedIcon(button->property("iconBase").toString(), dark));
+    Q_UNUSED(buttons);
     m_sideBar->setDarkAppearance(dark);
     if (dark) {
         setStyleSheet(QStringLiteral(
