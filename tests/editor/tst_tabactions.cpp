@@ -1,0 +1,234 @@
+#include "app/AppPaths.h"
+#include "app/UserDefaults.h"
+#include "editor/TabActionStore.h"
+#include "editor/TabActionTableModel.h"
+#include "support/PropertyList.h"
+#include "support/TestHome.h"
+
+#include <QDataStream>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+void writeBytes(const QString &path, const QByteArray &bytes)
+{
+    QFile f(path);
+    QVERIFY(f.open(QIODevice::WriteOnly));
+    f.write(bytes);
+}
+
+QByteArray readBytes(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+} // namespace
+
+class TestTabActions : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { TestHome::instance()->reset(); }
+
+    void pathFollowsTheSettings()
+    {
+        const QString internal =
+            TestHome::instance()->path() + "/home/.local/share/Vellox/tabactions.plist";
+        QCOMPARE(TabActionStore::internalPath(), internal);
+        QCOMPARE(TabActionStore::pathInUse(), internal);
+
+        UserDefaults &d = UserDefaults::standard();
+        d.setString("TabActionExternFilePath", "~/Sync/mine.tabActions");
+        // The path alone does not switch files.
+        QCOMPARE(TabActionStore::pathInUse(), internal);
+        d.setBool("TabActionUseExternalFile", true);
+        QCOMPARE(TabActionStore::pathInUse(),
+                 TestHome::instance()->path() + "/home/Sync/mine.tabActions");
+        // Switched on before a file was chosen: the internal list keeps working.
+        d.removeObjectForKey("TabActionExternFilePath");
+        QCOMPARE(TabActionStore::pathInUse(), internal);
+    }
+
+    void brokenFilesGiveAnEmptyListAndOneLogLine_data()
+    {
+        QTest::addColumn<QByteArray>("content");
+        QTest::addColumn<QString>("problem");
+        QTest::newRow("missing") << QByteArray() << "does not exist";
+        QTest::newRow("empty") << QByteArray("") << "empty";
+        QTest::newRow("not a plist") << QByteArray("sig = Best regards\n") << "line 1";
+        QTest::newRow("array root")
+            << PropertyList::toXml(QVariantList{"sig", "Best regards"}) << "root is an array";
+        QTest::newRow("string root") << PropertyList::toXml(QString("sig")) << "root is a string";
+    }
+
+    void brokenFilesGiveAnEmptyListAndOneLogLine()
+    {
+        QFETCH(QByteArray, content);
+        QFETCH(QString, problem);
+        const QString path = TabActionStore::internalPath();
+        if (QTest::currentDataTag() != QLatin1String("missing"))
+            writeBytes(path, content);
+        const QDateTime before = QFileInfo(path).lastModified();
+
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^ERROR: tab actions in \"" +
+                                                              QRegularExpression::escape(path) +
+                                                              "\" ignored: .*" + problem));
+        QVERIFY(TabActionStore::availableTabActions().isEmpty());
+        // Tab asks again and again; the same problem is not logged again.
+        QTest::failOnWarning(QRegularExpression("tab actions"));
+        QVERIFY(TabActionStore::availableTabActions().isEmpty());
+        QVERIFY(TabActionStore::availableTabActions().isEmpty());
+
+        // Never written, never created.
+        QCOMPARE(QFileInfo::exists(path), QTest::currentDataTag() != QLatin1String("missing"));
+        if (QFileInfo::exists(path)) {
+            QCOMPARE(readBytes(path), content);
+            QCOMPARE(QFileInfo(path).lastModified(), before);
+        }
+        QCOMPARE(QDir(AppPaths::supportFolder()).entryList(QDir::Files).size(),
+                 QFileInfo::exists(path) ? 1 : 0);
+    }
+
+    void theTypingEngineSeesEverySavedChange()
+    {
+        const QString path = TabActionStore::internalPath();
+        QVERIFY(TabActionStore::save(path, {{"sig", "Best regards,\n{*}"}}));
+        QCOMPARE(TabActionStore::availableTabActions(),
+                 (QVariantMap{{"sig", "Best regards,\n{*}"}}));
+        QVERIFY(TabActionStore::save(path, {{"sig", "Cheers"}, {"Sig", "CHEERS"}}));
+        const QVariantMap now = TabActionStore::availableTabActions();
+        QCOMPARE(now.value("sig").toString(), QString("Cheers"));
+        QCOMPARE(now.value("Sig").toString(), QString("CHEERS"));
+
+        // After the file was broken and repaired, a new break is reported again.
+        writeBytes(path, "garbage");
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("ignored"));
+        QVERIFY(TabActionStore::availableTabActions().isEmpty());
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("a copy was kept"));
+        QVERIFY(TabActionStore::save(path, {{"a", "b"}}));
+        QCOMPARE(TabActionStore::availableTabActions().size(), 1);
+        writeBytes(path, "garbage");
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("ignored"));
+        QVERIFY(TabActionStore::availableTabActions().isEmpty());
+    }
+
+    void onlyExpandableEntriesReachTheTypingEngine()
+    {
+        QVariantMap file;
+        file.insert("ok", "expansion");
+        file.insert("", "fires after every blank");
+        file.insert("two words", "can never be typed");
+        file.insert("tab\there", "neither");
+        file.insert("nested", QVariantMap{{"x", "y"}});
+        file.insert("number", qlonglong(3));
+        const QString path = TabActionStore::internalPath();
+        QVERIFY(TabActionStore::save(path, file));
+        QCOMPARE(TabActionStore::availableTabActions(), (QVariantMap{{"ok", "expansion"}}));
+        // The window still gets everything, so saving from it loses nothing.
+        QCOMPARE(TabActionStore::load(path), file);
+    }
+
+    void externalFileInUse()
+    {
+        QTemporaryDir dir;
+        const QString external = dir.filePath("team.tabActions");
+        QVERIFY(TabActionStore::save(external, {{"brb", "be right back"}}));
+        QVERIFY(TabActionStore::save(TabActionStore::internalPath(), {{"brb", "internal"}}));
+        UserDefaults::standard().setString("TabActionExternFilePath", external);
+        UserDefaults::standard().setBool("TabActionUseExternalFile", true);
+        QCOMPARE(TabActionStore::availableTabActions().value("brb").toString(),
+                 QString("be right back"));
+        // The external file deleted: nothing expands, nothing falls back, nothing is created.
+        QVERIFY(QFile::remove(external));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("team.tabActions.*does not exist"));
+        QVERIFY(TabActionStore::availableTabActions().isEmpty());
+        QVERIFY(!QFile::exists(external));
+    }
+
+    void savingOverAnUnreadableFileKeepsACopy()
+    {
+        const QString path = TabActionStore::internalPath();
+        const QByteArray old = "<plist><dict><key>sig</key><string>half a file";
+        writeBytes(path, old);
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("could not be read.*copy was kept"));
+        QVERIFY(TabActionStore::save(path, {{"new", "list"}}));
+        QCOMPARE(TabActionStore::load(path), (QVariantMap{{"new", "list"}}));
+        const QStringList copies =
+            QDir(AppPaths::supportFolder()).entryList({"tabactions.plist.unreadable-*"});
+        QCOMPARE(copies.size(), 1);
+        QCOMPARE(readBytes(AppPaths::supportFolder() + "/" + copies.first()), old);
+
+        // A readable file is simply replaced, with no copies piling up.
+        QVERIFY(TabActionStore::save(path, {{"newer", "list"}}));
+        QCOMPARE(QDir(AppPaths::supportFolder()).entryList(QDir::Files).size(), 2);
+
+        QString error;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^FILEWRITING-ERROR: "));
+        QVERIFY(!TabActionStore::save("/nonexistent-folder/x.tabActions", {}, &error));
+        QVERIFY(!error.isEmpty());
+    }
+
+    void namesSortCaseInsensitivelyAndAreChecked()
+    {
+        const QVariantMap actions{{"beta", ""}, {"Alpha", ""}, {"alpha", ""}, {"Gamma", ""}};
+        QCOMPARE(TabActionStore::sortedAbbreviations(actions),
+                 (QStringList{"Alpha", "alpha", "beta", "Gamma"}));
+        QCOMPARE(TabActionStore::sortedAbbreviations({}), QStringList());
+
+        using C = TabActionStore::NameCheck;
+        const QStringList listed{"sig", "addr"};
+        QCOMPARE(TabActionStore::checkNewName("my abbr", listed), C::ContainsBlank);
+        QCOMPARE(TabActionStore::checkNewName("tab\tbed", listed), C::ContainsBlank);
+        QCOMPARE(TabActionStore::checkNewName(QString("nb") + QChar(0xA0) + "sp", listed),
+                 C::ContainsBlank);
+        QCOMPARE(TabActionStore::checkNewName("sig", listed), C::Duplicate);
+        QCOMPARE(TabActionStore::checkNewName("Sig", listed), C::Acceptable);
+        QCOMPARE(TabActionStore::checkNewName("", listed), C::Empty);
+        QCOMPARE(TabActionStore::checkNewName(":date", listed), C::Acceptable);
+    }
+
+    void tableModelPresentsAndDragsRows()
+    {
+        TabActionTableModel model;
+        const QVariantMap actions{{"smile", QString::fromUtf8("\xF0\x9F\x98\x80 {*}")},
+                                  {"sig", "Regards"}};
+        model.setTabActions({"sig", "smile"}, actions);
+        QCOMPARE(model.rowCount(), 2);
+        QCOMPARE(model.columnCount(), 1);
+        QCOMPARE(model.data(model.index(1, 0)).toString(), QString("smile"));
+        QVERIFY(model.flags(model.index(0, 0)) & Qt::ItemIsEditable);
+        QVERIFY(model.flags(model.index(0, 0)) & Qt::ItemIsDragEnabled);
+        QCOMPARE(model.headerData(0, Qt::Horizontal).toString(), QString("Abbreviation"));
+
+        // Editing a name only asks; the list changes when the window rebuilds it.
+        QSignalSpy spy(&model, &TabActionTableModel::renameRequested);
+        QVERIFY(!model.setData(model.index(1, 0), "grin"));
+        QCOMPARE(spy.size(), 1);
+        QCOMPARE(spy.first().at(0).toInt(), 1);
+        QCOMPARE(spy.first().at(1).toString(), QString("grin"));
+        QCOMPARE(model.names(), (QStringList{"sig", "smile"}));
+
+        std::unique_ptr<QMimeData> one(model.mimeData({model.index(1, 0)}));
+        QVERIFY(one->hasFormat("MyPrivateTableViewDataType"));
+        QCOMPARE(one->text(), actions.value("smile").toString());
+        QCOMPARE(one->data("text/plain;charset=utf-8"), actions.value("smile").toString().toUtf8());
+        QDataStream rows(one->data("MyPrivateTableViewDataType"));
+        qint32 count = 0, row = -1;
+        rows >> count >> row;
+        QCOMPARE(count, 1);
+        QCOMPARE(row, 1);
+
+        // Several rows carry only their numbers: there is no single expansion to give.
+        std::unique_ptr<QMimeData> two(model.mimeData({model.index(1, 0), model.index(0, 0)}));
+        QVERIFY(two->hasFormat("MyPrivateTableViewDataType"));
+        QVERIFY(!two->hasText());
+    }
+};
+
+VELLOX_TEST_MAIN(TestTabActions)
+#include "tst_tabactions.moc"

@@ -1,0 +1,424 @@
+#include "app/AppPaths.h"
+#include "app/UserDefaults.h"
+#include "editor/TabActionStore.h"
+#include "editor/widgets/OneClickStyleEditorController.h"
+#include "support/PropertyList.h"
+#include "support/TestHome.h"
+#include "widgets/Alert.h"
+
+#include <QAbstractButton>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QTableView>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+QString internalFile()
+{
+    return TabActionStore::internalPath();
+}
+
+QVariantMap onDisk(const QString &path = internalFile())
+{
+    return TabActionStore::load(path);
+}
+
+QByteArray readBytes(const QString &path)
+{
+    QFile f(path);
+    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
+}
+
+void select(OneClickStyleEditorController &window, const QString &name)
+{
+    const int row = int(window.tableDisplayArray().indexOf(name));
+    QVERIFY2(row >= 0, qPrintable(name));
+    window.stylesTable()->selectRow(row);
+    QCOMPARE(window.shownTabAction(), name);
+}
+
+void typeAtEnd(OneClickStyleEditorController &window, const QString &text)
+{
+    QPlainTextEdit *area = window.styleEditTextView();
+    area->moveCursor(QTextCursor::End);
+    QTest::keyClicks(area, text);
+}
+
+// The open name editor, if any (closed editors linger until deleted, so ask the view).
+QLineEdit *nameEditor(OneClickStyleEditorController &window)
+{
+    QTableView *table = window.stylesTable();
+    for (int row = 0; row < table->model()->rowCount(); ++row)
+        if (auto *editor =
+                qobject_cast<QLineEdit *>(table->indexWidget(table->model()->index(row, 0))))
+            return editor;
+    return nullptr;
+}
+
+bool isEditingName(OneClickStyleEditorController &window)
+{
+    return nameEditor(window) != nullptr;
+}
+} // namespace
+
+class TestTabActionWindow : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init()
+    {
+        TestHome::instance()->reset();
+        Alert::clearHistory();
+        Alert::setResponder([](const AlertRequest &) { return 0; });
+    }
+
+    void lookingWritesNothing()
+    {
+        {
+            OneClickStyleEditorController window;
+            window.show();
+            QVERIFY(window.tableDisplayArray().isEmpty());
+            QVERIFY(!window.styleEditTextView()->isEnabled());
+            QVERIFY(window.fileProblem().isEmpty());
+            window.close();
+        }
+        QVERIFY(!QFile::exists(internalFile()));
+
+        // An unreadable file is shown as an empty list and left exactly as it is.
+        const QByteArray broken = "<?xml version=\"1.0\"?><plist><dict><key>sig</key>";
+        QFile f(internalFile());
+        QVERIFY(f.open(QIODevice::WriteOnly));
+        f.write(broken);
+        f.close();
+        OneClickStyleEditorController window;
+        window.show();
+        QVERIFY(window.tableDisplayArray().isEmpty());
+        QVERIFY(window.fileProblem().contains(internalFile()));
+        window.close();
+        QCOMPARE(readBytes(internalFile()), broken);
+        QCOMPARE(QDir(AppPaths::supportFolder()).entryList(QDir::Files).size(), 1);
+
+        // Once the user changes the list, it is written and the old file is kept aside.
+        window.show();
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("could not be read.*copy was kept"));
+        window.addNewStyle();
+        QCOMPARE(onDisk(), (QVariantMap{{"NewTabAction", "Empty"}}));
+        const QStringList copies =
+            QDir(AppPaths::supportFolder()).entryList({"tabactions.plist.unreadable-*"});
+        QCOMPARE(copies.size(), 1);
+        QCOMPARE(readBytes(AppPaths::supportFolder() + "/" + copies.first()), broken);
+        QVERIFY(window.fileProblem().isEmpty());
+    }
+
+    void addingTwiceLeavesOneNewTabAction()
+    {
+        OneClickStyleEditorController window;
+        window.show();
+        window.addNewStyle();
+        QVERIFY(isEditingName(window));
+        window.addNewStyle();
+        QCOMPARE(window.tableDisplayArray(), QStringList{"NewTabAction"});
+        QCOMPARE(window.listOfTabActions(), (QVariantMap{{"NewTabAction", "Empty"}}));
+        QCOMPARE(window.styleEditTextView()->toPlainText(), QString("Empty"));
+        QCOMPARE(onDisk(), window.listOfTabActions());
+        QVERIFY(Alert::history().isEmpty());
+
+        // Text already written for the unnamed action survives another click on Add.
+        window.styleEditTextView()->selectAll();
+        QTest::keyClicks(window.styleEditTextView(), "kept");
+        window.addNewStyle();
+        QCOMPARE(onDisk(), (QVariantMap{{"NewTabAction", "kept"}}));
+        QCOMPARE(window.styleEditTextView()->toPlainText(), QString("kept"));
+    }
+
+    void refusedRenamesAlertAndChangeNothing()
+    {
+        QVERIFY(TabActionStore::save(internalFile(), {{"sig", "Regards"}, {"addr", "Main St"}}));
+        const QByteArray before = readBytes(internalFile());
+        OneClickStyleEditorController window;
+        window.show();
+        select(window, "sig");
+        const int row = int(window.tableDisplayArray().indexOf("sig"));
+
+        window.renameTabAction(row, "my abbr");
+        QCOMPARE(Alert::history().size(), 1);
+        const AlertRequest space = Alert::history().last();
+        QCOMPARE(space.title, qtTrId("TAB_ACTION_WHITHE_TITLE"));
+        QCOMPARE(space.message, qtTrId("TAB_ACTION_WHITE_MESSAGE"));
+        QVERIFY(space.title != "TAB_ACTION_WHITHE_TITLE");
+        QCOMPARE(space.buttons, QStringList{"OK"});
+        QVERIFY(isEditingName(window));
+        QCOMPARE(window.stylesTable()->currentIndex().row(), row);
+        QTest::keyClick(nameEditor(window), Qt::Key_Escape);
+
+        // Another row's name, and the row's own unchanged name, are both duplicates.
+        for (const QString &taken : {QString("addr"), QString("sig")}) {
+            window.renameTabAction(row, taken);
+            const AlertRequest duplicate = Alert::history().last();
+            QCOMPARE(duplicate.title, qtTrId("TAB_ACTION_DUPLICATE_TITLE"));
+            QCOMPARE(duplicate.message, qtTrId("TAB_ACTION_DUPLICATE_MESSAGE"));
+            QCOMPARE(duplicate.buttons, QStringList{"OK"});
+        }
+        QCOMPARE(Alert::history().size(), 3);
+
+        // An emptied name is taken as a change of mind: no alert.
+        window.renameTabAction(row, "");
+        QCOMPARE(Alert::history().size(), 3);
+
+        QCOMPARE(window.tableDisplayArray(), (QStringList{"addr", "sig"}));
+        QCOMPARE(readBytes(internalFile()), before);
+    }
+
+    void renameCarriesTheExpansionBeingEdited()
+    {
+        QVERIFY(TabActionStore::save(internalFile(), {{"sig", "Regards"}, {"zip", "12345"}}));
+        OneClickStyleEditorController window;
+        window.show();
+        select(window, "sig");
+        typeAtEnd(window, ", Ann");
+        window.renameTabAction(int(window.tableDisplayArray().indexOf("sig")), "Sig2");
+
+        QVERIFY(Alert::history().isEmpty());
+        QCOMPARE(window.tableDisplayArray(), (QStringList{"Sig2", "zip"}));
+        QCOMPARE(window.shownTabAction(), QString("Sig2"));
+        QCOMPARE(window.stylesTable()->selectionModel()->selectedRows().size(), 1);
+        QCOMPARE(window.stylesTable()->selectionModel()->selectedRows().first().row(), 0);
+        QCOMPARE(onDisk(), (QVariantMap{{"Sig2", "Regards, Ann"}, {"zip", "12345"}}));
+        QCOMPARE(TabActionStore::availableTabActions().value("Sig2").toString(),
+                 QString("Regards, Ann"));
+    }
+
+    void renameThroughTheTableEditor()
+    {
+        QVERIFY(TabActionStore::save(internalFile(), {{"sig", "Regards"}}));
+        OneClickStyleEditorController window;
+        window.show();
+        QTableView *table = window.stylesTable();
+        const QModelIndex index = table->model()->index(0, 0);
+
+        table->edit(index);
+        QLineEdit *editor = nameEditor(window);
+        QVERIFY(editor);
+        editor->setText("two words");
+        QTest::keyClick(editor, Qt::Key_Return);
+        QTRY_COMPARE(Alert::history().size(), 1);
+        QCOMPARE(Alert::history().last().title, qtTrId("TAB_ACTION_WHITHE_TITLE"));
+        // The name is open for editing again, so the user can correct it straight away.
+        QTRY_VERIFY(isEditingName(window));
+        editor = nameEditor(window);
+        QVERIFY(editor);
+        editor->setText("greeting");
+        QTest::keyClick(editor, Qt::Key_Return);
+        QTRY_COMPARE(window.tableDisplayArray(), QStringList{"greeting"});
+        QCOMPARE(onDisk(), (QVariantMap{{"greeting", "Regards"}}));
+        QCOMPARE(Alert::history().size(), 1);
+
+        // Escape leaves the name as it was, without an alert.
+        table->edit(table->model()->index(0, 0));
+        editor = nameEditor(window);
+        QVERIFY(editor);
+        editor->setText("other");
+        QTest::keyClick(editor, Qt::Key_Escape);
+        QTest::qWait(20);
+        QCOMPARE(window.tableDisplayArray(), QStringList{"greeting"});
+        QCOMPARE(Alert::history().size(), 1);
+    }
+
+    void movingOnSavesWhatWasTyped()
+    {
+        QVERIFY(TabActionStore::save(internalFile(), {{"a", "Alpha"}, {"b", "Beta"}}));
+        OneClickStyleEditorController window;
+        window.show();
+        select(window, "a");
+        typeAtEnd(window, " one");
+        select(window, "b");
+        QCOMPARE(window.styleEditTextView()->toPlainText(), QString("Beta"));
+        // The typing engine reads the file on every Tab, so it sees the change at once.
+        QCOMPARE(TabActionStore::availableTabActions().value("a").toString(), QString("Alpha one"));
+
+        typeAtEnd(window, " two");
+        window.close();
+        QCOMPARE(onDisk().value("b").toString(), QString("Beta two"));
+
+        // Leaving the window for another one saves as well.
+        window.show();
+        window.activateWindow();
+        if (!QTest::qWaitForWindowActive(&window))
+            QSKIP("this platform plugin does not activate windows");
+        select(window, "a");
+        typeAtEnd(window, " three");
+        QWidget other;
+        other.show();
+        other.activateWindow();
+        QVERIFY(QTest::qWaitForWindowActive(&other));
+        QTRY_COMPARE(onDisk().value("a").toString(), QString("Alpha one three"));
+    }
+
+    void draggingARowCarriesItsCurrentText()
+    {
+        QVERIFY(TabActionStore::save(internalFile(), {{"sig", "Regards"}, {"zip", "12345"}}));
+        OneClickStyleEditorController window;
+        window.show();
+        select(window, "sig");
+        typeAtEnd(window, ", J");
+        window.styleEditTextView()->textCursor().insertText(QString::fromUtf8("\xC3\xBCrgen"));
+        QAbstractItemModel *model = window.stylesTable()->model();
+        const int row = int(window.tableDisplayArray().indexOf("sig"));
+        std::unique_ptr<QMimeData> mime(model->mimeData({model->index(row, 0)}));
+        QVERIFY(mime);
+        QVERIFY(mime->hasFormat("MyPrivateTableViewDataType"));
+        QCOMPARE(mime->data("text/plain;charset=utf-8"), QByteArray("Regards, J\xC3\xBCrgen"));
+        QVERIFY(window.stylesTable()->dragEnabled());
+    }
+
+    void untouchedExpansionsKeepEveryCharacter()
+    {
+        const QString tricky = QString("line\r\nnext") + QChar(0xA0) + "nbsp" + QChar(0x2028) +
+                               QString::fromUtf8("\xF0\x9F\x98\x80 {*} and {*}\t");
+        QVERIFY(TabActionStore::save(internalFile(), {{"t", tricky}, {"u", "plain"}}));
+        const QByteArray before = readBytes(internalFile());
+        OneClickStyleEditorController window;
+        window.show();
+        select(window, "t");
+        select(window, "u");
+        select(window, "t");
+        window.close();
+        QCOMPARE(readBytes(internalFile()), before);
+
+        // Edited text keeps its no-break spaces, emoji and tabs; Shift+Return is a line break.
+        window.show();
+        select(window, "t");
+        typeAtEnd(window, "x");
+        QTest::keyClick(window.styleEditTextView(), Qt::Key_Return, Qt::ShiftModifier);
+        QTest::keyClicks(window.styleEditTextView(), "y");
+        select(window, "u");
+        QCOMPARE(onDisk().value("t").toString(),
+                 QString("line\nnext") + QChar(0xA0) + "nbsp\n" +
+                     QString::fromUtf8("\xF0\x9F\x98\x80 {*} and {*}\tx\ny"));
+    }
+
+    void removeDeletesTheSelectedAction()
+    {
+        QVERIFY(TabActionStore::save(internalFile(), {{"a", "1"}, {"b", "2"}, {"c", "3"}}));
+        OneClickStyleEditorController window;
+        window.show();
+        select(window, "b");
+        typeAtEnd(window, " unsaved");
+        window.removeStyle();
+        QCOMPARE(onDisk(), (QVariantMap{{"a", "1"}, {"c", "3"}}));
+        QCOMPARE(window.shownTabAction(), QString("c"));
+        QCOMPARE(window.styleEditTextView()->toPlainText(), QString("3"));
+
+        window.stylesTable()->clearSelection();
+        window.removeStyle();
+        QCOMPARE(onDisk().size(), 2);
+
+        select(window, "c");
+        window.removeStyle();
+        QCOMPARE(window.shownTabAction(), QString("a"));
+        window.removeStyle();
+        QVERIFY(window.tableDisplayArray().isEmpty());
+        QCOMPARE(onDisk(), QVariantMap());
+        QVERIFY(!window.styleEditTextView()->isEnabled());
+    }
+
+    void externalFiles()
+    {
+        QTemporaryDir dir;
+        QVERIFY(TabActionStore::save(internalFile(), {{"in", "internal"}}));
+        OneClickStyleEditorController window;
+        window.show();
+        select(window, "in");
+        typeAtEnd(window, "!");
+
+        // A new external file: the open list is saved first, the new file starts empty.
+        window.createExternalTabActionFile(dir.filePath("mine"));
+        const QString mine = dir.filePath("mine.tabActions");
+        QCOMPARE(onDisk(), (QVariantMap{{"in", "internal!"}}));
+        QCOMPARE(readBytes(mine), PropertyList::toXml(QVariantMap()));
+        UserDefaults &d = UserDefaults::standard();
+        QCOMPARE(d.stringForKey("TabActionExternFilePath"), mine);
+        QVERIFY(d.boolForKey("TabActionUseExternalFile"));
+        QCOMPARE(window.pathToTabActionsfile(), mine);
+        QVERIFY(window.tableDisplayArray().isEmpty());
+        window.addNewStyle();
+        QCOMPARE(onDisk(mine), (QVariantMap{{"NewTabAction", "Empty"}}));
+        QCOMPARE(onDisk(), (QVariantMap{{"in", "internal!"}}));
+        QCOMPARE(TabActionStore::availableTabActions(), onDisk(mine));
+
+        // Choosing an existing file shows its list.
+        const QString team = dir.filePath("team.tabActions");
+        QVERIFY(TabActionStore::save(team, {{"brb", "be right back"}}));
+        window.useExternalTabActionFile(team);
+        QCOMPARE(window.tableDisplayArray(), QStringList{"brb"});
+        QCOMPARE(window.styleEditTextView()->toPlainText(), QString("be right back"));
+
+        // The file deleted behind the window's back: an empty list, said so, and Tab expands
+        // nothing.
+        QVERIFY(QFile::remove(team));
+        window.close();
+        window.show();
+        QVERIFY(window.tableDisplayArray().isEmpty());
+        QVERIFY(window.fileProblem().contains(team));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("does not exist"));
+        QVERIFY(TabActionStore::availableTabActions().isEmpty());
+        window.close();
+        QVERIFY(!QFile::exists(team));
+    }
+
+    void switchingFilesInThePreferencesWhileOpen()
+    {
+        QTemporaryDir dir;
+        const QString external = dir.filePath("x.tabActions");
+        QVERIFY(TabActionStore::save(external, {{"ext", "external"}}));
+        QVERIFY(TabActionStore::save(internalFile(), {{"in", "internal"}}));
+        OneClickStyleEditorController window;
+        window.show();
+        select(window, "in");
+        typeAtEnd(window, " edited");
+
+        UserDefaults::standard().setString("TabActionExternFilePath", external);
+        QCOMPARE(window.pathToTabActionsfile(), internalFile());
+        UserDefaults::standard().setBool("TabActionUseExternalFile", true);
+        QCOMPARE(window.pathToTabActionsfile(), external);
+        QCOMPARE(onDisk(), (QVariantMap{{"in", "internal edited"}}));
+        QCOMPARE(window.tableDisplayArray(), QStringList{"ext"});
+
+        UserDefaults::standard().setBool("TabActionUseExternalFile", false);
+        QCOMPARE(window.tableDisplayArray(), QStringList{"in"});
+        QCOMPARE(onDisk(external), (QVariantMap{{"ext", "external"}}));
+    }
+
+    void everyControlIsNamedAndExplained()
+    {
+        OneClickStyleEditorController window;
+        window.show();
+        QVERIFY(!window.windowTitle().isEmpty());
+        const QList<QWidget *> controls = window.findChildren<QWidget *>();
+        int checked = 0;
+        for (QWidget *w : controls) {
+            if (!w->isVisibleTo(&window))
+                continue;
+            if (!qobject_cast<QAbstractButton *>(w) && !qobject_cast<QAbstractItemView *>(w) &&
+                !qobject_cast<QPlainTextEdit *>(w) && !qobject_cast<QLabel *>(w))
+                continue;
+            QVERIFY2(!w->accessibleName().isEmpty(), w->metaObject()->className());
+            QVERIFY2(!w->toolTip().isEmpty(), qPrintable(w->accessibleName()));
+            ++checked;
+        }
+        QVERIFY(checked >= 9);
+        QCOMPARE(window.stylesTable()->horizontalHeader()->objectName(), QString("styleName"));
+        QCOMPARE(window.styleEditTextView()->font().pointSize(), 13);
+        QCOMPARE(window.styleEditTextView()->palette().color(QPalette::Text), QColor(Qt::white));
+    }
+};
+
+VELLOX_TEST_MAIN(TestTabActionWindow)
+#include "tst_tabactions_window.moc"
