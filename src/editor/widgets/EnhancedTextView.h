@@ -1,0 +1,127 @@
+#pragma once
+
+#include "editor/TextBuffer.h"
+
+#include <QPair>
+#include <QPlainTextEdit>
+#include <QString>
+#include <QStringList>
+#include <QVariantMap>
+
+class QAction;
+class QMenu;
+class QMimeData;
+class QTimer;
+class TextEditorModel;
+
+// The entry editor. Every user edit (keys, input-method commits, paste, drop, deletions) is
+// offered to the typing engine first, and every change, typed or made by a command, goes
+// through one named undo history (the document's own undo is off).
+class EnhancedTextView : public QPlainTextEdit
+{
+    Q_OBJECT
+public:
+    explicit EnhancedTextView(QWidget *parent = nullptr);
+    ~EnhancedTextView() override;
+
+    // Loading an entry: replaces the text without undo and without a change notice.
+    void setString(const QString &text);
+    QString string() const;
+    void setEditable(bool editable);
+    bool isEditable() const;
+    // UTF-16 units.
+    QPair<int, int> selectedRange() const;
+    void setSelectedRange(int location, int length);
+
+    TextEditorModel &model() const { return *m_model; }
+
+    // The change filter: true lets the edit through, false when the engine made its own.
+    bool shouldChangeTextInRange(int location, int length, const QString &replacement);
+    // Offers an edit to the filter and applies it as typing when let through.
+    bool insertUserText(const QString &text);
+    void undoCustomInsertionInRange(QPair<int, int> range, const QString &string);
+    void undoCustomInsertionInRange(QPair<int, int> range, const QString &string,
+                                    QPair<int, int> selectRange);
+
+    QString openTag() const;
+    QString closeTag() const;
+    // Applies the settings the editor depends on; run at creation and on every
+    // "TextViewAttributesChangedNotification".
+    virtual void setTextViewLayout();
+    // Abbreviation -> expansion for Tab; read afresh on every call.
+    virtual QVariantMap availableTabActions() const;
+
+    static int convertToNormal(const QString &roman);
+    static QString convertToRoman(int value);
+    static int convertAlphaCountToNormal(const QString &letters);
+    static QString convertIntValueToAlphaCount(int value);
+
+    QStringList availableMarkupLanguages() const;
+    QString markupTemplateForType(const QString &type) const;
+
+    // Edit-menu actions whose text names the step: "Undo Move Up", "Redo Tab Action".
+    QAction *createUndoAction(QObject *parent);
+    QAction *createRedoAction(QObject *parent);
+    bool canUndo() const;
+    bool canRedo() const;
+    QString undoActionName() const;
+    QString redoActionName() const;
+
+    // The editor's context menu: the standard one with the two clean-ups in front.
+    void contextMenuTextViewSetup(QMenu *menu);
+
+public Q_SLOTS:
+    void undo();
+    void redo();
+    void cut();
+
+    void indentSelectedText();
+    void deIndentSelectedText();
+    void insertSelectedTextBeforeSelection();
+    void insertSelectedTextAfterSelection();
+    void insertSelectedTextLeftToSelection();
+    void insertSelectedTextRightToSelection();
+    void moveSelectionUp();
+    void moveSelectionDown();
+    void moveSelectionLeft();
+    void moveSelectionRight();
+    void moveCursorToTheEndOfParagraph();
+    void moveCursorToTheBeginningOfParagraph();
+    void moveCursorToPreviousEmptyLine();
+    void moveCursorToNextEmptyLine();
+    void moveCursorToTheEndOfParagraphAndPerformHardLineBreak();
+
+    void performMarkupInsertion(const QString &templateText);
+    void insertBoldTypeStyle();
+    void insertItalicTypeStyle();
+    void insertStrikeTypeStyle();
+    void insertHeadlineStyleType(int level);
+    void transformSelectedTextToTag();
+    void contextActionRemoveMarkup();
+    void contextActionTrimLines();
+
+    // Posts "TextChangedShouldBeSavedNotification" with this view as sender.
+    void sendNotifactionUpdatesTextHasChanged();
+    virtual void sendNotifactionUpdatesTextCountUpdate();
+
+Q_SIGNALS:
+    void undoStateChanged();
+    void editableChanged(bool editable);
+
+protected:
+    bool event(QEvent *e) override;
+    void keyPressEvent(QKeyEvent *e) override;
+    void inputMethodEvent(QInputMethodEvent *e) override;
+    void insertFromMimeData(const QMimeData *source) override;
+    void dropEvent(QDropEvent *e) override;
+    void contextMenuEvent(QContextMenuEvent *e) override;
+
+private:
+    bool handleDeletionKey(QKeyEvent *e);
+    void userEdit(TextRange range, const QString &text, const QString &actionKey);
+    void documentChanged(int position, int removed, int added);
+
+    TextEditorModel *m_model;
+    QTimer *m_changeTimer;
+    QTimer *m_countTimer;
+};

@@ -1,0 +1,257 @@
+#include "EditorFixture.h"
+#include "editor/DocumentTextBuffer.h"
+#include "editor/LineCommands.h"
+#include "support/TestHome.h"
+
+#include <QTextDocument>
+#include <QtTest>
+
+#include <functional>
+
+using Command = std::function<bool(TextEditorModel &)>;
+Q_DECLARE_METATYPE(Command)
+
+namespace {
+Command command(bool (*f)(TextEditorModel &))
+{
+    return Command(f);
+}
+} // namespace
+
+class TestLineCommands : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { TestHome::instance()->reset(); }
+
+    void reshapes_data()
+    {
+        QTest::addColumn<Command>("run");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("after");
+        QTest::addColumn<QString>("undoKey");
+        using L = LineCommands;
+        const QString indent = "UNDO_INDENTION_CHANGE";
+        QTest::newRow("indent") << command(L::indentSelectedText) << "⟦a\nb⟧"
+                                << "⟦\ta\n\tb⟧" << indent;
+        QTest::newRow("indent, trailing break") << command(L::indentSelectedText) << "⟦a\nb\n⟧"
+                                                << "⟦\ta\n\tb\n⟧" << indent;
+        QTest::newRow("de-indent") << command(L::deIndentSelectedText) << "⟦\t\ta\n\tb⟧"
+                                   << "⟦\ta\nb⟧" << indent;
+        QTest::newRow("de-indent, empty middle line")
+            << command(L::deIndentSelectedText) << "⟦\ta\n\n\tb⟧"
+            << "⟦a\n\nb⟧" << indent;
+        QTest::newRow("copy before") << command(L::insertSelectedTextBeforeSelection) << "x ⟦ab⟧ y"
+                                     << "x ab\n⟦ab⟧ y" << indent;
+        QTest::newRow("copy after") << command(L::insertSelectedTextAfterSelection) << "x ⟦ab⟧ y"
+                                    << "x ⟦ab⟧\nab y" << indent;
+        QTest::newRow("copy left") << command(L::insertSelectedTextLeftToSelection) << "x ⟦ab⟧ y"
+                                   << "x ab ⟦ab⟧ y"
+                                   << "UNDO_COPYPAST_LEFT";
+        QTest::newRow("copy right") << command(L::insertSelectedTextRightToSelection) << "x ⟦ab⟧ y"
+                                    << "x ⟦ab⟧ ab y"
+                                    << "UNDO_COPYPAST_RIGHT";
+        QTest::newRow("move up") << command(L::moveSelectionUp) << "aaa\nbbb ⟦ccc⟧"
+                                 << "aaa⟦ccc⟧\nbbb "
+                                 << "UNDO_MOVE_UP";
+        QTest::newRow("move up from the first line") << command(L::moveSelectionUp) << "abc ⟦def⟧ g"
+                                                     << "⟦def⟧\nabc  g"
+                                                     << "UNDO_MOVE_UP";
+        QTest::newRow("move down") << command(L::moveSelectionDown) << "x⟦aaa⟧\nbbb"
+                                   << "x\n⟦aaa⟧bbb"
+                                   << "UNDO_MOVE_DOWN";
+        QTest::newRow("move down from the last line")
+            << command(L::moveSelectionDown) << "ab ⟦cd⟧ e"
+            << "ab  e\n⟦cd⟧"
+            << "UNDO_MOVE_DOWN";
+        QTest::newRow("move left") << command(L::moveSelectionLeft) << "aaa bbb ⟦ccc⟧"
+                                   << "aaa ⟦ccc⟧ bbb"
+                                   << "UNDO_MOVE_DOWN";
+        QTest::newRow("move left, no blank before") << command(L::moveSelectionLeft) << "ab⟦cd⟧ e"
+                                                    << "⟦cd⟧ab e"
+                                                    << "UNDO_MOVE_DOWN";
+        // The blank before the word travels with it, so the line break stays behind.
+        QTest::newRow("move left across a line") << command(L::moveSelectionLeft) << "a\nbb ⟦cc⟧"
+                                                 << "a ⟦cc⟧\nbb"
+                                                 << "UNDO_MOVE_DOWN";
+        QTest::newRow("move right") << command(L::moveSelectionRight) << "⟦aaa⟧ bbb ccc"
+                                    << "bbb ⟦aaa⟧ ccc"
+                                    << "UNDO_MOVE_DOWN";
+        QTest::newRow("move right, no blank after") << command(L::moveSelectionRight) << "⟦ab⟧cd"
+                                                    << "cd⟦ab⟧"
+                                                    << "UNDO_MOVE_DOWN";
+        QTest::newRow("move right, surrogates") << command(L::moveSelectionRight) << "⟦😀⟧ 😺x y"
+                                                << "😺x ⟦😀⟧ y"
+                                                << "UNDO_MOVE_DOWN";
+        QTest::newRow("move left, right-to-left") << command(L::moveSelectionLeft) << "א בב ⟦גג⟧"
+                                                  << "א ⟦גג⟧ בב"
+                                                  << "UNDO_MOVE_DOWN";
+    }
+    void reshapes()
+    {
+        QFETCH(Command, run);
+        QFETCH(QString, before);
+        QFETCH(QString, after);
+        QFETCH(QString, undoKey);
+        StringEditor e(before);
+        QVERIFY(run(*e.model));
+        QCOMPARE(e.marked(), after);
+        QCOMPARE(e.beeps, 0);
+        QCOMPARE(e.model->history().undoCount(), 1);
+        QCOMPARE(e.model->undoActionKey(), undoKey);
+        e.model->undo();
+        QCOMPARE(e.marked(), before);
+        QCOMPARE(e.model->redoActionKey(), undoKey);
+        e.model->redo();
+        QCOMPARE(e.marked(), after);
+    }
+
+    void refusals_data()
+    {
+        QTest::addColumn<Command>("run");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<int>("beeps");
+        using L = LineCommands;
+        QTest::newRow("indent, nothing selected: silent")
+            << command(L::indentSelectedText) << "a|b" << 0;
+        QTest::newRow("de-indent, nothing selected: silent")
+            << command(L::deIndentSelectedText) << "\ta|" << 0;
+        QTest::newRow("copy before") << command(L::insertSelectedTextBeforeSelection) << "a|" << 1;
+        QTest::newRow("copy after") << command(L::insertSelectedTextAfterSelection) << "a|" << 1;
+        QTest::newRow("copy left") << command(L::insertSelectedTextLeftToSelection) << "a|" << 1;
+        QTest::newRow("copy right") << command(L::insertSelectedTextRightToSelection) << "a|" << 1;
+        QTest::newRow("move up at 0") << command(L::moveSelectionUp) << "⟦ab⟧\ncd" << 1;
+        QTest::newRow("move up, empty") << command(L::moveSelectionUp) << "ab\nc|d" << 1;
+        QTest::newRow("move down at 0") << command(L::moveSelectionDown) << "⟦ab⟧\ncd" << 1;
+        QTest::newRow("move left at 0") << command(L::moveSelectionLeft) << "⟦ab⟧ cd" << 1;
+        QTest::newRow("move right, empty") << command(L::moveSelectionRight) << "ab| cd" << 1;
+        QTest::newRow("no empty line above")
+            << command(L::moveCursorToPreviousEmptyLine) << "a\nb|" << 1;
+        QTest::newRow("no empty line below")
+            << command(L::moveCursorToNextEmptyLine) << "|a\nb" << 1;
+    }
+    void refusals()
+    {
+        QFETCH(Command, run);
+        QFETCH(QString, before);
+        QFETCH(int, beeps);
+        StringEditor e(before);
+        QVERIFY(!run(*e.model));
+        QCOMPARE(e.marked(), before);
+        QCOMPARE(e.beeps, beeps);
+        QVERIFY(!e.model->canUndo());
+    }
+
+    void deIndentLeavesInnerTabs()
+    {
+        StringEditor e("⟦a\tb⟧");
+        LineCommands::deIndentSelectedText(*e.model);
+        QCOMPARE(e.marked(), QString("⟦a\tb⟧"));
+        QVERIFY(!e.model->canUndo());
+    }
+
+    void caretMoves_data()
+    {
+        QTest::addColumn<Command>("run");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("after");
+        using L = LineCommands;
+        QTest::newRow("end of paragraph") << command(L::moveCursorToTheEndOfParagraph) << "a|b\ncd"
+                                          << "ab|\ncd";
+        QTest::newRow("end of the last paragraph")
+            << command(L::moveCursorToTheEndOfParagraph) << "ab\nc|d"
+            << "ab\ncd|";
+        QTest::newRow("end of paragraph from a selection")
+            << command(L::moveCursorToTheEndOfParagraph) << "⟦a⟧b\ncd"
+            << "ab|\ncd";
+        QTest::newRow("beginning stops on the break")
+            << command(L::moveCursorToTheBeginningOfParagraph) << "ab\ncd\ne|f"
+            << "ab\ncd|\nef";
+        QTest::newRow("beginning of the first line")
+            << command(L::moveCursorToTheBeginningOfParagraph) << "ab|"
+            << "|ab";
+        QTest::newRow("previous empty line")
+            << command(L::moveCursorToPreviousEmptyLine) << "a\n\nb\n\nc|"
+            << "a\n\nb\n|\nc";
+        QTest::newRow("next empty line") << command(L::moveCursorToNextEmptyLine) << "|a\n\nb\n\nc"
+                                         << "a\n|\nb\n\nc";
+        QTest::newRow("hard line break")
+            << command(L::moveCursorToTheEndOfParagraphAndPerformHardLineBreak) << "a|b\nc"
+            << "ab  \n|\nc";
+    }
+    void caretMoves()
+    {
+        QFETCH(Command, run);
+        QFETCH(QString, before);
+        QFETCH(QString, after);
+        StringEditor e(before);
+        QVERIFY(run(*e.model));
+        QCOMPARE(e.marked(), after);
+    }
+
+    void emptyLineMovesWalkOneAtATime()
+    {
+        StringEditor e("a\n\nb\n\nc|");
+        QVERIFY(LineCommands::moveCursorToPreviousEmptyLine(*e.model));
+        QVERIFY(LineCommands::moveCursorToPreviousEmptyLine(*e.model));
+        QCOMPARE(e.marked(), QString("a\n|\nb\n\nc"));
+        QVERIFY(!LineCommands::moveCursorToPreviousEmptyLine(*e.model));
+        QVERIFY(LineCommands::moveCursorToNextEmptyLine(*e.model));
+        QCOMPARE(e.marked(), QString("a\n\nb\n|\nc"));
+    }
+
+    // The commands read through the TextBuffer seam; the document-backed buffer must answer
+    // exactly as the string one does, across line breaks and at the edges.
+    void documentBufferAnswersLikeAString()
+    {
+        const QStringList texts = {"",
+                                   "a",
+                                   "\n",
+                                   "ab\n\ncd\n",
+                                   "x\n\n\ny",
+                                   "😀\nשלום\u2028z\n\n",
+                                   QString("line\n").repeated(50) + "\n\nend"};
+        const QStringList needles = {"\n", "\n\n", "d\n", "\nc", "zz"};
+        for (const QString &text : texts) {
+            QTextDocument document;
+            document.setPlainText(text);
+            DocumentTextBuffer doc(&document);
+            StringTextBuffer str(text);
+            QCOMPARE(doc.length(), str.length());
+            QCOMPARE(doc.text(), text);
+            for (int pos = -1; pos <= str.length() + 1; ++pos) {
+                QCOMPARE(doc.at(pos), str.at(pos));
+                QCOMPARE(doc.lineStart(pos), str.lineStart(pos));
+                QCOMPARE(doc.mid(pos, 3), str.mid(pos, 3));
+                for (const QString &needle : needles) {
+                    QCOMPARE(doc.indexOf(needle, pos), str.indexOf(needle, pos));
+                    QCOMPARE(doc.lastIndexOf(needle, pos), str.lastIndexOf(needle, pos));
+                    // The generic scans of the base class agree as well.
+                    QCOMPARE(doc.TextBuffer::indexOf(needle, pos), str.indexOf(needle, pos));
+                    QCOMPARE(doc.TextBuffer::lastIndexOf(needle, pos),
+                             str.lastIndexOf(needle, pos));
+                }
+            }
+        }
+    }
+
+    void documentBufferRunsTheSameCommands()
+    {
+        QTextDocument document;
+        document.setPlainText("aaa\nbbb ccc\n\n- x");
+        TextEditorModel model(std::make_unique<DocumentTextBuffer>(&document));
+        model.setSelectedRange({8, 3});
+        QVERIFY(LineCommands::moveSelectionUp(model));
+        QCOMPARE(document.toPlainText(), QString("aaaccc\nbbb \n\n- x"));
+        model.setSelectedRange({document.characterCount() - 1, 0});
+        model.insertText("\n");
+        QCOMPARE(model.string(), QString("aaaccc\nbbb \n\n- x\n- "));
+        model.undo();
+        model.undo();
+        QCOMPARE(model.string(), QString("aaa\nbbb ccc\n\n- x"));
+        QCOMPARE(model.selectedRange(), (TextRange{8, 3}));
+    }
+};
+
+VELLOX_TEST_MAIN(TestLineCommands)
+#include "tst_linecommands.moc"

@@ -1,0 +1,186 @@
+#include "EditorFixture.h"
+#include "app/UserDefaults.h"
+#include "editor/MarkupInsertion.h"
+#include "support/PropertyList.h"
+#include "support/TestHome.h"
+
+#include <QFile>
+#include <QtTest>
+
+class TestMarkupInsertion : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { TestHome::instance()->reset(); }
+
+    void shippedTableHasEveryLanguage()
+    {
+        const QString path = MarkupInsertion::templateTablePath();
+        QVERIFY2(QFile::exists(path), qPrintable(path));
+        const QVariantMap table = PropertyList::read(path).toMap();
+        QCOMPARE(table.size(), 7);
+        QSet<QString> bolds;
+        for (const QString &name : MarkupInsertion::availableMarkupLanguages()) {
+            const QVariantMap entry = table.value(name).toMap();
+            QVERIFY2(entry.value("bold").toString().contains("{*}"), qPrintable(name));
+            QVERIFY2(entry.value("italic").toString().contains("{*}"), qPrintable(name));
+            QVERIFY(entry.value("bold") != entry.value("italic"));
+            const QVariantList headlines = entry.value("headline").toList();
+            QCOMPARE(headlines.size(), 4);
+            for (const QVariant &h : headlines)
+                QVERIFY2(h.toString().contains("{*}"), qPrintable(name));
+            bolds.insert(entry.value("bold").toString());
+        }
+        QVERIFY(bolds.size() >= 4); // each language in its own syntax
+    }
+
+    void templateLookupFollowsTheLanguage()
+    {
+        UserDefaults &d = UserDefaults::standard();
+        QCOMPARE(MarkupInsertion::markupTemplateForType("bold"), QString("**{*}**"));
+        QCOMPARE(MarkupInsertion::markupTemplateForType("headline2"), QString("## {*}"));
+        d.setInteger("TypographyUseMarkupLanguage", 2);
+        QCOMPARE(MarkupInsertion::markupTemplateForType("italic"), QString("_{*}_"));
+        QCOMPARE(MarkupInsertion::markupTemplateForType("headline1"), QString("h1. {*}"));
+        d.setInteger("TypographyUseMarkupLanguage", 6);
+        QCOMPARE(MarkupInsertion::markupTemplateForType("headline4"), QString("<h4>{*}</h4>"));
+        for (const QString type : {"strike", "headline5", "headline0", "", "Bold"})
+            QCOMPARE(MarkupInsertion::markupTemplateForType(type), QString());
+        for (int language : {0, 8, -1}) {
+            d.setInteger("TypographyUseMarkupLanguage", language);
+            QCOMPARE(MarkupInsertion::markupTemplateForType("bold"), QString());
+        }
+        QCOMPARE(MarkupInsertion::markupTemplateForType("bold", 1, "/nonexistent.plist"),
+                 QString());
+    }
+
+    void insertion_data()
+    {
+        QTest::addColumn<QString>("templateText");
+        QTest::addColumn<QString>("before");
+        QTest::addColumn<QString>("after");
+        QTest::newRow("no selection: caret between") << "A{*}B"
+                                                     << "x|y"
+                                                     << "xA|By";
+        QTest::newRow("selection: caret after") << "A{*}B"
+                                                << "⟦word⟧"
+                                                << "AwordB|";
+        QTest::newRow("every placeholder") << "{*}-{*}"
+                                           << "⟦ab⟧"
+                                           << "ab-ab|";
+        QTest::newRow("empty template removes") << ""
+                                                << "x⟦ab⟧y"
+                                                << "x|y";
+        QTest::newRow("no placeholder") << "<hr>"
+                                        << "a|"
+                                        << "a<hr>|";
+        QTest::newRow("surrogates") << "**{*}**"
+                                    << "⟦😀⟧"
+                                    << "**😀**|";
+    }
+    void insertion()
+    {
+        QFETCH(QString, templateText);
+        QFETCH(QString, before);
+        QFETCH(QString, after);
+        StringEditor e(before);
+        MarkupInsertion::performMarkupInsertion(*e.model, templateText);
+        QCOMPARE(e.marked(), after);
+        QCOMPARE(e.model->undoActionKey(), QString("UNDO_SET_BOLD"));
+        QVERIFY(e.notices >= 1);
+        e.model->undo();
+        QCOMPARE(e.marked(), before);
+    }
+
+    void commandsUseTheCurrentLanguage()
+    {
+        UserDefaults::standard().setInteger("TypographyUseMarkupLanguage", 3);
+        StringEditor e("⟦Title⟧");
+        MarkupInsertion::insertHeadlineStyleType(*e.model, 2);
+        QCOMPARE(e.model->string(), QString("== Title =="));
+        e.model->setSelectedRange({3, 5});
+        MarkupInsertion::insertBoldTypeStyle(*e.model);
+        QCOMPARE(e.model->string(), QString("== '''Title''' =="));
+        StringEditor italic("a |");
+        MarkupInsertion::insertItalicTypeStyle(*italic.model);
+        QCOMPARE(italic.marked(), QString("a ''|''"));
+        // The table has no strike template: the selection goes, and comes back on undo.
+        StringEditor strike("x ⟦gone⟧");
+        MarkupInsertion::insertStrikeTypeStyle(*strike.model);
+        QCOMPARE(strike.marked(), QString("x |"));
+        strike.model->undo();
+        QCOMPARE(strike.marked(), QString("x ⟦gone⟧"));
+        StringEditor level("⟦t⟧");
+        MarkupInsertion::insertHeadlineStyleType(*level.model, 5);
+        QCOMPARE(level.model->string(), QString());
+    }
+
+    void tagWrap()
+    {
+        StringEditor e("⟦div⟧");
+        QVERIFY(MarkupInsertion::transformSelectedTextToTag(*e.model));
+        QCOMPARE(e.marked(), QString("<div>|</div>"));
+        e.model->undo();
+        QCOMPARE(e.marked(), QString("⟦div⟧"));
+        StringEditor none("a|b");
+        QVERIFY(!MarkupInsertion::transformSelectedTextToTag(*none.model));
+        QCOMPARE(none.marked(), QString("a|b"));
+        QCOMPARE(none.beeps, 0);
+    }
+
+    void strippedTags()
+    {
+        QCOMPARE(MarkupInsertion::strippedTags("<p>a &lt;b&gt; <em>c</em> &amp; $1\\</p>\n"),
+                 QString("a <b> c &amp; $1\\\n"));
+        QCOMPARE(MarkupInsertion::strippedTags("no tags"), QString("no tags"));
+        QCOMPARE(MarkupInsertion::strippedTags("<a href=\"x\">שלום</a>😀"), QString("שלום😀"));
+    }
+
+    void removeMarkup()
+    {
+        const auto converter = [](int language, const QString &text) {
+            return language == 1 && text == "**bold** x" ? QString("<p><strong>bold</strong> x</p>")
+                                                         : QString();
+        };
+        StringEditor e("a ⟦**bold** x⟧");
+        QVERIFY(MarkupInsertion::removeMarkup(*e.model, converter));
+        QCOMPARE(e.marked(), QString("a ⟦bold x⟧"));
+        QCOMPARE(e.model->undoActionKey(), QString("UNDO_TEXT_ACTION"));
+        e.model->undo();
+        QCOMPARE(e.marked(), QString("a ⟦**bold** x⟧"));
+
+        StringEditor one("⟦*⟧");
+        QVERIFY(!MarkupInsertion::removeMarkup(*one.model, converter));
+        QCOMPARE(one.beeps, 1);
+        // A converter that fails must not cost the user the selected text.
+        StringEditor failing("⟦*keep me*⟧");
+        QVERIFY(!MarkupInsertion::removeMarkup(*failing.model, converter));
+        QCOMPARE(failing.marked(), QString("⟦*keep me*⟧"));
+        QCOMPARE(failing.beeps, 1);
+    }
+
+    void removeMarkupThroughTheConverter()
+    {
+        if (!QFile::exists("/usr/bin/php"))
+            QSKIP("the Markdown converter needs /usr/bin/php");
+        StringEditor e("⟦**bold** and *it*⟧");
+        QVERIFY(MarkupInsertion::removeMarkup(*e.model));
+        QCOMPARE(e.model->string().trimmed(), QString("bold and it"));
+    }
+
+    void trimLines()
+    {
+        StringEditor e("x⟦  a  \n\tb⟧");
+        QVERIFY(MarkupInsertion::trimLines(*e.model));
+        QCOMPARE(e.marked(), QString("x⟦a\nb⟧"));
+        e.model->undo();
+        QCOMPARE(e.marked(), QString("x⟦  a  \n\tb⟧"));
+        StringEditor one("⟦ ⟧");
+        QVERIFY(!MarkupInsertion::trimLines(*one.model));
+        QCOMPARE(one.beeps, 1);
+        QCOMPARE(MarkupInsertion::trimmedLines(" \u00A0a\u3000\n\n b \n"), QString("a\n\nb\n"));
+    }
+};
+
+VELLOX_TEST_MAIN(TestMarkupInsertion)
+#include "tst_markupinsertion.moc"
