@@ -1,0 +1,428 @@
+#include "render/PhpCompileCache.h"
+#include "render/TaskController.h"
+#include "support/TestHome.h"
+
+#include "app/AppPaths.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QFileInfo>
+#include <QRegularExpression>
+#include <QTemporaryDir>
+#include <QtTest>
+
+namespace {
+
+// Writes an executable shell script standing in for a converter program.
+QString writeTool(const QTemporaryDir &dir, const QString &name, const QByteArray &body)
+{
+    const QString path = dir.filePath(name);
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly))
+        return QString();
+    file.write("#!/bin/sh\n" + body + "\n");
+    file.close();
+    file.setPermissions(file.permissions() | QFileDevice::ExeOwner | QFileDevice::ExeUser);
+    return path;
+}
+
+const QString kWorld = QStringLiteral("Grüße aus Köln, 日本語, Ελληνικά, emoji 😀 and ß");
+
+} // namespace
+
+class TestConversion : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { TestHome::instance()->reset(); }
+
+    void realConvertersProduceHtml_data()
+    {
+        QTest::addColumn<int>("language");
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<QStringList>("expected");
+        QTest::addColumn<QStringList>("unexpected");
+
+        QTest::newRow("markdown")
+            << 1
+            << QStringLiteral("# Title\n\n| a | b |\n|---|---|\n| 1 | 2 |\n\n"
+                              "~~gone~~ see https://example.org now\n\n"
+                              "- [x] done\n\nNote[^1]\n\n[^1]: The note.\n\n"
+                              "<div class=\"mine\">raw <b>html</b></div>\n")
+            << QStringList{"<h1>Title</h1>",    "<td>2</td>",
+                           "<del>gone</del>",   "<a href=\"https://example.org\">",
+                           "type=\"checkbox\"", "id=\"fn-1\"",
+                           "href=\"#fn-1\"",    "<div class=\"mine\">raw <b>html</b></div>"}
+            << QStringList{"fn:1", "fnref:1"};
+        QTest::newRow("textile") << 2
+                                 << QStringLiteral("h1. Title\n\nSome *strong* and _em_ "
+                                                   "\"link\":http://x.org\n\n|a|b|\n|1|2|\n")
+                                 << QStringList{"<h1",
+                                                "Title</h1>",
+                                                "<strong>strong</strong>",
+                                                "<em>em</em>",
+                                                "<a href=\"http://x.org\">link</a>",
+                                                "<td>2</td>"}
+                                 << QStringList{"h1."};
+        QTest::newRow("wikitext")
+            << 3
+            << QStringLiteral("== Title ==\n'''bold''' and ''italic''\n\n"
+                              "{|\n|-\n| a || b\n|}\n* one\n** two\n")
+            << QStringList{"<h2",     "Title</h2>",  "<strong>bold</strong>", "<em>italic</em>",
+                           "<table>", "<li>two</li>"}
+            << QStringList{"'''", "{|"};
+        QTest::newRow("bbcode") << 4
+                                << QStringLiteral(
+                                       "[b]Bold[/b] [i]it[/i] [u]u[/u] [s]s[/s] 5 < 6\n"
+                                       "[url=http://y.org]Y[/url] [color=#ff0000]red[/color]\n\n"
+                                       "[quote=Anna]Hi[/quote][list=1][*]one[*]two[/list]"
+                                       "[code][b]raw[/b][/code][img]assets/p.png[/img]")
+                                << QStringList{"<strong>Bold</strong>",
+                                               "<em>it</em>",
+                                               "text-decoration: underline",
+                                               "<del>s</del>",
+                                               "5 &lt; 6",
+                                               "<a href=\"http://y.org\">Y</a>",
+                                               "color: #ff0000",
+                                               "<cite>Anna</cite>",
+                                               "<p>Hi</p>",
+                                               "<ol>",
+                                               "<li>two</li>",
+                                               "<pre><code>[b]raw[/b]</code></pre>",
+                                               "<img src=\"assets/p.png\" alt=\"p.png\" />"}
+                                << QStringList{"<u>", "[quote"};
+        QTest::newRow("smark") << 5
+                               << QStringLiteral("She said \"yes\" -- then --- nothing...\n\n"
+                                                 "www.example.com\n\nassets/photo.jpg\n\n"
+                                                 "not an image.png here\n\n```\ncode.png\n```\n")
+                               << QStringList{"“yes”",
+                                              "–",
+                                              "—",
+                                              "…",
+                                              "<a href=\"http://www.example.com\">",
+                                              "<img src=\"assets/photo.jpg\"",
+                                              "<p>not an image.png here</p>",
+                                              "<code>code.png"}
+                               << QStringList{"src=\"code.png\""};
+        QTest::newRow("html") << 6 << QStringLiteral("<p>As <i>is</i> &amp; kept</p>")
+                              << QStringList{"<p>As <i>is</i> &amp; kept</p>"} << QStringList{};
+        QTest::newRow("multimarkdown")
+            << 7
+            << QStringLiteral("Note: the first line is text\n\n# Head\n\nSee[^a].\n\n"
+                              "[^a]: Footnote.\n\n| a | b |\n|---|---|\n| 1 | 2 |\n")
+            << QStringList{"<p>Note: the first line is text</p>", "Head</h1>", "id=\"fn-a\"",
+                           "href=\"#fn-a\"", "<td>2</td>"}
+            << QStringList{"fn:a"};
+    }
+
+    void realConvertersProduceHtml()
+    {
+        QFETCH(int, language);
+        QFETCH(QString, source);
+        QFETCH(QStringList, expected);
+        QFETCH(QStringList, unexpected);
+        const QString html = TaskController::convertStringWithMarkUpLanguage(language, source);
+        for (const QString &piece : expected)
+            QVERIFY2(html.contains(piece), qPrintable(piece + QStringLiteral(" in:\n") + html));
+        for (const QString &piece : unexpected)
+            QVERIFY2(!html.contains(piece), qPrintable(piece + QStringLiteral(" in:\n") + html));
+    }
+
+    // Our own BBCode converter: malformed markup stays visible and the page stays well formed.
+    void bbcodeKeepsWhatIsNotMarkup_data()
+    {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<QString>("html");
+        QTest::newRow("unclosed inline") << "[b]never closed [i]x[/i]"
+                                         << "<p>[b]never closed <em>x</em></p>\n";
+        QTest::newRow("stray close and unknown tag") << "a [/i] [foo]b[/foo]"
+                                                     << "<p>a [/i] [foo]b[/foo]</p>\n";
+        QTest::newRow("overlapping tags end together")
+            << "[b]x [i]y[/b] z"
+            << "<p><strong>x <em>y</em></strong> z</p>\n";
+        QTest::newRow("script link refused")
+            << "[url]javascript:alert(1)[/url] [url=javascript:x]t[/url]"
+            << "<p>[url]javascript:alert(1)[/url] [url=javascript:x]t[/url]</p>\n";
+        QTest::newRow("style injection refused")
+            << "[color=red;background:url(x)]c[/color] [size=9999]s[/size]"
+            << "<p>[color=red;background:url(x)]c[/color] [size=9999]s[/size]</p>\n";
+        QTest::newRow("quote ends bold, its close tag is consumed")
+            << "[b]x[quote]q[/quote]y[/b]"
+            << "<p><strong>x</strong></p>\n<blockquote>\n<p>q</p>\n</blockquote>\n<p>y</p>\n";
+        QTest::newRow("open list runs to the end")
+            << "[list=a][*]one\n[*]two"
+            << "<ol style=\"list-style-type: lower-alpha;\">\n"
+               "<li>one</li>\n<li>two</li>\n</ol>\n";
+        QTest::newRow("paragraphs and line breaks")
+            << "one\ntwo\n\n\nthree & <four>"
+            << "<p>one<br />\ntwo</p>\n<p>three &amp; &lt;four&gt;</p>\n";
+        QTest::newRow("unterminated code is text") << "[code]x"
+                                                   << "<p>[code]x</p>\n";
+        QTest::newRow("sized image with blank in its path")
+            << "[img=20x10]my pics/a.png[/img]"
+            << "<p><img src=\"my%20pics/a.png\" alt=\"a.png\" width=\"20\" height=\"10\" "
+               "/></p>\n";
+    }
+
+    void bbcodeKeepsWhatIsNotMarkup()
+    {
+        QFETCH(QString, source);
+        QFETCH(QString, html);
+        QCOMPARE(TaskController::convertStringWithMarkUpLanguage(4, source), html);
+    }
+
+    void smarkImageLines_data()
+    {
+        QTest::addColumn<QString>("source");
+        QTest::addColumn<QString>("html");
+        QTest::newRow("relative") << "photo.webp"
+                                  << "<p><img src=\"photo.webp\" alt=\"photo.webp\" /></p>\n";
+        QTest::newRow("absolute with blank")
+            << "/home/me/my pic.JPG"
+            << "<p><img src=\"file:///home/me/my%20pic.JPG\" alt=\"my pic.JPG\" /></p>\n";
+        QTest::newRow("address")
+            << "https://example.org/a.svg"
+            << "<p><img src=\"https://example.org/a.svg\" alt=\"a.svg\" /></p>\n";
+        QTest::newRow("two lines of one paragraph")
+            << "a.png\nb.gif"
+            << "<p><img src=\"a.png\" alt=\"a.png\" />\n<img src=\"b.gif\" alt=\"b.gif\" /></p>\n";
+        QTest::newRow("words around the path stay text") << "see a.png\nb.png please"
+                                                         << "<p>see a.png\nb.png please</p>\n";
+        QTest::newRow("other extension") << "notes.pdf"
+                                         << "<p>notes.pdf</p>\n";
+    }
+
+    void smarkImageLines()
+    {
+        QFETCH(QString, source);
+        QFETCH(QString, html);
+        QCOMPARE(TaskController::convertStringWithMarkUpLanguage(5, source), html);
+    }
+
+    void nonAsciiTextSurvivesEveryConverter_data()
+    {
+        QTest::addColumn<int>("language");
+        for (int language = 1; language <= 7; ++language)
+            QTest::newRow(qPrintable(QString::number(language))) << language;
+    }
+
+    void nonAsciiTextSurvivesEveryConverter()
+    {
+        QFETCH(int, language);
+        const QString html = TaskController::convertStringWithMarkUpLanguage(
+            language, QStringLiteral("First paragraph\n\n") + kWorld + QStringLiteral("\n"));
+        QVERIFY2(html.contains(kWorld), qPrintable(html));
+        QVERIFY(html.contains(QStringLiteral("First paragraph")));
+    }
+
+    void largeEntryLosesNothing_data()
+    {
+        QTest::addColumn<int>("language");
+        for (int language = 1; language <= 7; ++language)
+            QTest::newRow(qPrintable(QString::number(language))) << language;
+    }
+
+    // Far more than a pipe holds, so the output is read while input is still being written.
+    void largeEntryLosesNothing()
+    {
+        QFETCH(int, language);
+        QString source;
+        int paragraphs = 0;
+        while (source.size() < 300 * 1024)
+            source +=
+                QStringLiteral("Paragraph number %1 of a long entry with plain words in it.\n\n")
+                    .arg(++paragraphs);
+        source += QStringLiteral("The very last words.\n");
+        const QString html = TaskController::convertStringWithMarkUpLanguage(language, source);
+        QVERIFY(html.contains(QStringLiteral("Paragraph number 1 of")));
+        QVERIFY(html.contains(QStringLiteral("Paragraph number %1 of").arg(paragraphs)));
+        QVERIFY(html.contains(QStringLiteral("The very last words.")));
+    }
+
+    void emptyTextGivesEmptyFragment()
+    {
+        for (int language : {1, 4, 5, 6, 7})
+            QCOMPARE(TaskController::convertStringWithMarkUpLanguage(language, QString()).trimmed(),
+                     QString());
+    }
+
+    void unknownNumbersUseSmark()
+    {
+        for (int language : {0, 8, -3}) {
+            TaskController controller;
+            const QString html = controller.convert(language, QStringLiteral("\"quoted\""));
+            QVERIFY(controller.phpScriptPath().endsWith(QStringLiteral("/smark.php")));
+            QCOMPARE(controller.phpLaunchPath(), QStringLiteral("/usr/bin/php"));
+            QVERIFY2(html.contains(QStringLiteral("“quoted”")), qPrintable(html));
+        }
+    }
+
+    void phpKeepsCompiledScriptsInTheCacheFolder()
+    {
+        const QString opcodes = PhpCompileCache::folder() + QStringLiteral("/opcache");
+        QVERIFY(TaskController::convertStringWithMarkUpLanguage(1, QStringLiteral("*x*"))
+                    .contains(QStringLiteral("<em>x</em>")));
+        QDirIterator compiled(opcodes, {QStringLiteral("*.bin")}, QDir::Files,
+                              QDirIterator::Subdirectories);
+        QVERIFY2(compiled.hasNext(), qPrintable(opcodes));
+        // A second run reads them back and converts the same.
+        QVERIFY(TaskController::convertStringWithMarkUpLanguage(1, QStringLiteral("*x*"))
+                    .contains(QStringLiteral("<em>x</em>")));
+    }
+
+    void multiMarkdownIsUnpackedOnFirstUseOnly()
+    {
+        const QString folder = TaskController::multiMarkdownFolder();
+        const QString script = TaskController::multiMarkdownScriptPath();
+        QCOMPARE(folder, AppPaths::supportFolder() + QStringLiteral("/mmd/"));
+        QVERIFY(!QFileInfo::exists(folder));
+
+        TaskController first;
+        QVERIFY(
+            first.convert(7, QStringLiteral("*hello*")).contains(QStringLiteral("<em>hello</em>")));
+        QCOMPARE(first.phpLaunchPath(), QStringLiteral("/usr/bin/perl"));
+        QCOMPARE(first.phpScriptPath(), script);
+        QVERIFY(QFileInfo::exists(script));
+        QVERIFY(QFileInfo::exists(folder + QStringLiteral("mmd.zip")));
+
+        // Later conversions use the unpacked script as it stands, without unpacking again.
+        QFile file(script);
+        QVERIFY(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
+        file.write("print \"replaced\";\n");
+        file.close();
+        QCOMPARE(TaskController::convertStringWithMarkUpLanguage(7, QStringLiteral("x")),
+                 QStringLiteral("replaced"));
+    }
+
+    void installedMultiMarkdownToolReadsStandardInput()
+    {
+        QTemporaryDir dir;
+        TaskController::Tools tools;
+        tools.multiMarkdown =
+            writeTool(dir, QStringLiteral("multimarkdown"), "echo \"arguments: $#\"; cat");
+        TaskController controller(tools);
+        QCOMPARE(controller.convert(7, kWorld), QStringLiteral("arguments: 0\n") + kWorld);
+        QCOMPARE(controller.phpLaunchPath(), tools.multiMarkdown);
+        QCOMPARE(controller.phpScriptPath(), QStringLiteral("mmd.pl"));
+        QVERIFY(!QFileInfo::exists(TaskController::multiMarkdownScriptPath()));
+
+        // The Markdown script's extension brings the launch path back to PHP.
+        QVERIFY(
+            controller.convert(1, QStringLiteral("*a*")).contains(QStringLiteral("<em>a</em>")));
+        QCOMPARE(controller.phpLaunchPath(), QStringLiteral("/usr/bin/php"));
+    }
+
+    void missingInterpreterGivesEmptyResultAndLogLine()
+    {
+        TaskController::Tools tools;
+        tools.php = QStringLiteral("/nonexistent/bin/php");
+        TaskController controller(tools);
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("/nonexistent/bin/php is missing")));
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(controller.convert(1, QStringLiteral("text")), QString());
+        QVERIFY(timer.elapsed() < 5000);
+    }
+
+    void missingScriptIsReportedAndKeepsTheLaunchPath()
+    {
+        QTemporaryDir dir;
+        TaskController::Tools tools;
+        tools.converterFolder = dir.path();
+        TaskController controller(tools);
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("\"markdown.php\" is missing")));
+        QCOMPARE(controller.convert(1, QStringLiteral("*x*")), QString());
+        QCOMPARE(controller.phpScriptPath(), QString());
+        QCOMPARE(controller.phpLaunchPath(), QStringLiteral("/usr/bin/php"));
+
+        // A controller that last ran the installed MultiMarkdown tool keeps running it, with
+        // no arguments, when the next language's script is missing.
+        tools.multiMarkdown = writeTool(dir, QStringLiteral("multimarkdown"), "echo \"$#\"; cat");
+        TaskController exporter(tools);
+        QCOMPARE(exporter.convert(7, QStringLiteral("x")), QStringLiteral("0\nx"));
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("\"textile.php\" is missing")));
+        QCOMPARE(exporter.convert(2, QStringLiteral("h1. x")), QStringLiteral("0\nh1. x"));
+        QCOMPARE(exporter.phpScriptPath(), QString());
+        QCOMPARE(exporter.phpLaunchPath(), tools.multiMarkdown);
+    }
+
+    void missingArchiveOrUnzipIsReported()
+    {
+        QTemporaryDir dir;
+        TaskController::Tools tools;
+        tools.unzip = QStringLiteral("/nonexistent/unzip");
+        TaskController controller(tools);
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("/nonexistent/unzip is missing")));
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("MultiMarkdown.pl is missing")));
+        QCOMPARE(controller.convert(7, QStringLiteral("x")), QString());
+
+        // The archive copied by the failed attempt would be unpacked now: start afresh.
+        TestHome::instance()->reset();
+        tools = TaskController::Tools();
+        tools.converterFolder = dir.path();
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("\"mmd.zip\" is missing")));
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("MultiMarkdown.pl is missing")));
+        QCOMPARE(TaskController(tools).convert(7, QStringLiteral("x")), QString());
+    }
+
+    void converterWritingBeforeReadingDoesNotDeadlock()
+    {
+        QTemporaryDir dir;
+        TaskController::Tools tools;
+        // One megabyte of output before the first byte of input is read.
+        tools.multiMarkdown = writeTool(dir, QStringLiteral("multimarkdown"),
+                                        "head -c 1048576 /dev/zero | tr '\\000' x; cat");
+        tools.timeoutMs = 60000;
+        const QString input(4 * 1024 * 1024, QLatin1Char('y'));
+        const QString html = TaskController(tools).convert(7, input);
+        QCOMPARE(html.size(), 1048576 + input.size());
+        QVERIFY(html.startsWith(QStringLiteral("xxx")));
+        QVERIFY(html.endsWith(QStringLiteral("yyy")));
+    }
+
+    void hangingConverterIsStopped()
+    {
+        QTemporaryDir dir;
+        TaskController::Tools tools;
+        tools.multiMarkdown = writeTool(dir, QStringLiteral("multimarkdown"), "exec sleep 60");
+        tools.timeoutMs = 300;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("did not finish")));
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(TaskController(tools).convert(7, QStringLiteral("x")), QString());
+        QVERIFY(timer.elapsed() < 10000);
+    }
+
+    void failingConverterIsReportedAndItsOutputKept()
+    {
+        QTemporaryDir dir;
+        TaskController::Tools tools;
+        tools.multiMarkdown = writeTool(dir, QStringLiteral("multimarkdown"),
+                                        "cat >/dev/null; printf partial; exit 3");
+        QTest::ignoreMessage(QtWarningMsg,
+                             QRegularExpression(QStringLiteral("failed with status 3")));
+        QCOMPARE(TaskController(tools).convert(7, QStringLiteral("x")), QStringLiteral("partial"));
+    }
+
+    void outputThatIsNotUtf8GivesNoText()
+    {
+        QTemporaryDir dir;
+        TaskController::Tools tools;
+        tools.multiMarkdown =
+            writeTool(dir, QStringLiteral("multimarkdown"), "cat >/dev/null; printf 'ok \\377'");
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("not UTF-8")));
+        QCOMPARE(TaskController(tools).convert(7, QStringLiteral("x")), QString());
+    }
+};
+
+VELLOX_TEST_MAIN(TestConversion)
+#include "tst_conversion.moc"
