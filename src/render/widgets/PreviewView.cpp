@@ -1,0 +1,87 @@
+#include "PreviewView.h"
+
+#include "PreviewWebPage.h"
+
+#include <QContextMenuEvent>
+#include <QFile>
+#include <QMenu>
+#include <QWebEngineContextMenuRequest>
+
+PreviewView::PreviewView(QWidget *parent)
+    : QWebEngineView(parent)
+    , m_page(new PreviewWebPage(this))
+{
+    setPage(m_page);
+    //% "Preview"
+    setAccessibleName(qtTrId("PREVIEW_ACCESSIBLE_NAME"));
+    //% "The current entry as it looks when converted, in the chosen style"
+    setToolTip(qtTrId("PREVIEW_TOOLTIP"));
+    // A file dropped here would replace the entry's page with the file.
+    setAcceptDrops(false);
+    setMinimumSize(120, 80);
+    connect(this, &QWebEngineView::loadFinished, this, [this] {
+        for (const QString &stale : std::as_const(m_staleFiles))
+            QFile::remove(stale);
+        m_staleFiles.clear();
+    });
+}
+
+PreviewView::~PreviewView() = default;
+
+QString PreviewView::writePageFile(const QByteArray &utf8)
+{
+    if (!m_pageDir)
+        m_pageDir = std::make_unique<QTemporaryDir>();
+    if (!m_pageDir->isValid())
+        return QString();
+    // A fresh name for every page, so the engine never serves the previous one from memory.
+    const QString path =
+        m_pageDir->filePath(QStringLiteral("preview-%1.html").arg(++m_pageCounter));
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) || file.write(utf8) != utf8.size()) {
+        qWarning("ERROR: %s", qPrintable(file.errorString()));
+        return QString();
+    }
+    return path;
+}
+
+void PreviewView::showHtml(const QString &html, const QUrl &baseUrl)
+{
+    const QByteArray utf8 = html.toUtf8();
+    m_page->setDocumentBase(baseUrl);
+    const QString previous = m_pageFile;
+    m_pageFile.clear();
+    if (utf8.size() > LargePageBytes) {
+        m_pageFile = writePageFile(utf8);
+        if (!m_pageFile.isEmpty())
+            load(QUrl::fromLocalFile(m_pageFile));
+    } else {
+        page()->setContent(utf8, QStringLiteral("text/html;charset=UTF-8"), baseUrl);
+    }
+    // The engine may still be reading the old page file; it goes once the new page is in.
+    if (!previous.isEmpty() && previous != m_pageFile)
+        m_staleFiles << previous;
+}
+
+void PreviewView::contextMenuEvent(QContextMenuEvent *event)
+{
+    // Only what makes sense for a read-only rendering of one entry: copying and selecting.
+    QMenu *menu = createStandardContextMenu();
+    const QList<QWebEnginePage::WebAction> keep = {
+        QWebEnginePage::Copy, QWebEnginePage::SelectAll, QWebEnginePage::CopyLinkToClipboard,
+        QWebEnginePage::CopyImageToClipboard, QWebEnginePage::CopyImageUrlToClipboard};
+    QList<QAction *> keepActions;
+    for (QWebEnginePage::WebAction action : keep)
+        keepActions << pageAction(action);
+    for (QAction *action : menu->actions()) {
+        if (!action->isSeparator() && !keepActions.contains(action))
+            menu->removeAction(action);
+    }
+    menu->setAttribute(Qt::WA_DeleteOnClose, true);
+    if (menu->actions().isEmpty()) {
+        delete menu;
+        event->accept();
+        return;
+    }
+    menu->popup(event->globalPos());
+}

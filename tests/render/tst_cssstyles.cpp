@@ -1,0 +1,256 @@
+#include "app/AppPaths.h"
+#include "app/NotificationCenter.h"
+#include "app/Notifications.h"
+#include "app/UserDefaults.h"
+#include "render/widgets/CSSStykeController.h"
+#include "support/TestHome.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QListWidget>
+#include <QTemporaryDir>
+#include <QToolButton>
+#include <QtTest>
+
+class TestCSSStyles : public QObject
+{
+    Q_OBJECT
+private:
+    int m_reloads = 0;
+    QObject m_observer;
+
+    static QString chosen()
+    {
+        return UserDefaults::standard().stringForKey(QStringLiteral("SelectedCSSStyle"));
+    }
+
+    static void writeFile(const QString &path, const QByteArray &text)
+    {
+        QFile file(path);
+        QVERIFY(file.open(QIODevice::WriteOnly));
+        file.write(text);
+    }
+
+    static QByteArray readFile(const QString &path)
+    {
+        QFile file(path);
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    static void seedShippedStyles()
+    {
+        QDir().mkpath(AppPaths::cssStyleFolder());
+        for (const char *name :
+             {"Standard", "Delicious Contrast", "Delicious White", "Standard Night"}) {
+            const QString file = QString::fromLatin1(name) + QStringLiteral(".css");
+            QVERIFY(QFile::copy(AppPaths::resource(QStringLiteral("styles/") + file),
+                                AppPaths::cssStyleFolder() + file));
+        }
+    }
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        NotificationCenter::defaultCenter().addObserver(
+            &m_observer, Notifications::CSSStyleChangePerformReload,
+            [this](const Notification &) { ++m_reloads; });
+    }
+
+    void init()
+    {
+        TestHome::instance()->reset();
+        m_reloads = 0;
+    }
+
+    void firstStartSelectsStandard()
+    {
+        seedShippedStyles();
+        CSSStykeController panel;
+        QCOMPARE(panel.numberOfRowsInTableView(), 4);
+        QStringList names = panel.displayItems();
+        names.sort();
+        QCOMPARE(names, QStringList({"Delicious Contrast.css", "Delicious White.css",
+                                     "Standard Night.css", "Standard.css"}));
+        QCOMPARE(panel.cssStyleTable()->count(), 4);
+        QCOMPARE(panel.cssStyleTable()->currentItem()->text(), QStringLiteral("Standard.css"));
+        QCOMPARE(chosen(), QStringLiteral("Standard.css"));
+        // Loading the list is a selection like any other: stored and announced once.
+        QVERIFY(UserDefaults::standard().hasStoredValue(QStringLiteral("SelectedCSSStyle")));
+        QCOMPARE(m_reloads, 1);
+        for (int row = 0; row < panel.numberOfRowsInTableView(); ++row)
+            QCOMPARE(panel.tableView(row), panel.cssStyleTable()->item(row)->text());
+        QCOMPARE(panel.tableView(99), QString());
+    }
+
+    void selectingARowStoresAndAnnouncesIt()
+    {
+        seedShippedStyles();
+        UserDefaults::standard().setString(QStringLiteral("SelectedCSSStyle"),
+                                           QStringLiteral("Delicious White.css"));
+        CSSStykeController panel;
+        QCOMPARE(panel.cssStyleTable()->currentItem()->text(),
+                 QStringLiteral("Delicious White.css"));
+        const int night = panel.displayItems().indexOf(QStringLiteral("Standard Night.css"));
+        m_reloads = 0;
+        panel.cssStyleTable()->setCurrentRow(night);
+        QCOMPARE(chosen(), QStringLiteral("Standard Night.css"));
+        QCOMPARE(m_reloads, 1);
+        // Reloading keeps the choice.
+        panel.loadItems();
+        QCOMPARE(panel.cssStyleTable()->currentRow(), night);
+        QCOMPARE(chosen(), QStringLiteral("Standard Night.css"));
+    }
+
+    void removingTheChosenStyleFallsBackToTheFirst()
+    {
+        seedShippedStyles();
+        UserDefaults::standard().setString(QStringLiteral("SelectedCSSStyle"),
+                                           QStringLiteral("Standard Night.css"));
+        CSSStykeController panel;
+        m_reloads = 0;
+        panel.removeCSSStyle();
+        QVERIFY(!QFile::exists(AppPaths::cssStyleFolder() + QStringLiteral("Standard Night.css")));
+        QCOMPARE(panel.numberOfRowsInTableView(), 3);
+        QVERIFY(!panel.displayItems().contains(QStringLiteral("Standard Night.css")));
+        QCOMPARE(panel.cssStyleTable()->currentRow(), 0);
+        QCOMPARE(chosen(), panel.tableView(0));
+        QCOMPARE(m_reloads, 1);
+        // The file is recoverable from the trash.
+        QDir trash(TestHome::instance()->path() + QStringLiteral("/home/.local/share/Trash/files"));
+        QVERIFY(trash.exists(QStringLiteral("Standard Night.css")));
+    }
+
+    void removingEverythingLeavesAnEmptyListThatStillWorks()
+    {
+        QDir().mkpath(AppPaths::cssStyleFolder());
+        writeFile(AppPaths::cssStyleFolder() + QStringLiteral("Only.css"), "body{}");
+        CSSStykeController panel;
+        QCOMPARE(chosen(), QStringLiteral("Only.css"));
+        QVERIFY(panel.findChildren<QToolButton *>().size() >= 2);
+        panel.removeCSSStyle();
+        QCOMPARE(panel.numberOfRowsInTableView(), 0);
+        QCOMPARE(panel.cssStyleTable()->currentRow(), -1);
+        // Nothing left to choose: the last choice stays stored, and removing again only beeps.
+        QCOMPARE(chosen(), QStringLiteral("Only.css"));
+        panel.removeCSSStyle();
+        panel.tableViewSelectionDidChange();
+        QCOMPARE(panel.numberOfRowsInTableView(), 0);
+    }
+
+    void aMissingFolderIsAnEmptyListAndAddingCreatesIt()
+    {
+        QVERIFY(!QFileInfo::exists(AppPaths::cssStyleFolder()));
+        CSSStykeController panel;
+        QCOMPARE(panel.numberOfRowsInTableView(), 0);
+        QCOMPARE(chosen(), QStringLiteral("Standard.css"));
+        QVERIFY(!UserDefaults::standard().hasStoredValue(QStringLiteral("SelectedCSSStyle")));
+
+        QTemporaryDir elsewhere;
+        const QString mine = elsewhere.filePath(QStringLiteral("Mine.css"));
+        writeFile(mine, "body{color:#333}");
+        panel.copyStylesIntoFolder({mine});
+        QCOMPARE(panel.displayItems(), QStringList{QStringLiteral("Mine.css")});
+        QCOMPARE(chosen(), QStringLiteral("Mine.css"));
+    }
+
+    void addingKeepsAnExistingStyleOfTheSameName()
+    {
+        seedShippedStyles();
+        const QString standard = AppPaths::cssStyleFolder() + QStringLiteral("Standard.css");
+        const QByteArray shipped = readFile(standard);
+        QVERIFY(!shipped.isEmpty());
+        CSSStykeController panel;
+
+        QTemporaryDir elsewhere;
+        writeFile(elsewhere.filePath(QStringLiteral("Standard.css")), "body{color:red}");
+        writeFile(elsewhere.filePath(QStringLiteral("Paper.css")), "body{background:#fffdf5}");
+        writeFile(elsewhere.filePath(QStringLiteral("notes.txt")), "not a style");
+        panel.copyStylesIntoFolder({elsewhere.filePath(QStringLiteral("Standard.css")),
+                                    elsewhere.filePath(QStringLiteral("Paper.css")),
+                                    elsewhere.filePath(QStringLiteral("notes.txt")),
+                                    elsewhere.filePath(QStringLiteral("missing.css"))});
+        QCOMPARE(readFile(standard), shipped);
+        QCOMPARE(readFile(AppPaths::cssStyleFolder() + QStringLiteral("Paper.css")),
+                 QByteArray("body{background:#fffdf5}"));
+        QVERIFY(!QFile::exists(AppPaths::cssStyleFolder() + QStringLiteral("notes.txt")));
+        QCOMPARE(panel.numberOfRowsInTableView(), 5);
+        QCOMPARE(chosen(), QStringLiteral("Standard.css"));
+    }
+
+    void addOpensASheetForStyleSheetsOnly()
+    {
+        seedShippedStyles();
+        CSSStykeController panel;
+        panel.showCSSStyleSelectorHudPanel();
+        QVERIFY(QTest::qWaitForWindowExposed(&panel));
+        panel.addNewCSSStyle();
+        QFileDialog *dialog = panel.openFileDialog();
+        QVERIFY(dialog);
+        QCOMPARE(dialog->windowModality(), Qt::WindowModal);
+        QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFiles);
+        QCOMPARE(dialog->windowTitle(), qtTrId("CSSSTYLE_COPY_TITLE"));
+        QVERIFY(dialog->windowTitle() != QStringLiteral("CSSSTYLE_COPY_TITLE"));
+        QVERIFY(dialog->nameFilters().join(QString()).contains(QStringLiteral("*.css")));
+        // A second click brings the open sheet forward rather than stacking another.
+        panel.addNewCSSStyle();
+        QCOMPARE(panel.findChildren<QFileDialog *>().size(), 1);
+
+        QTemporaryDir elsewhere;
+        writeFile(elsewhere.filePath(QStringLiteral("Chosen.css")), "h1{}");
+        dialog->setDirectory(elsewhere.path());
+        dialog->selectFile(elsewhere.filePath(QStringLiteral("Chosen.css")));
+        QMetaObject::invokeMethod(dialog, "accept");
+        QVERIFY(panel.displayItems().contains(QStringLiteral("Chosen.css")));
+    }
+
+    void changesMadeOutsideShowAtOnce()
+    {
+        seedShippedStyles();
+        CSSStykeController panel;
+        m_reloads = 0;
+        // A style dropped into the folder by hand joins the list.
+        writeFile(AppPaths::cssStyleFolder() + QStringLiteral("Handmade.css"), "body{}");
+        QTRY_VERIFY(panel.displayItems().contains(QStringLiteral("Handmade.css")));
+        QCOMPARE(chosen(), QStringLiteral("Standard.css"));
+        QTRY_COMPARE(m_reloads, 1);
+
+        // Editing the chosen style in a text editor restyles the preview, also when the
+        // editor saves by replacing the file.
+        m_reloads = 0;
+        const QString standard = AppPaths::cssStyleFolder() + QStringLiteral("Standard.css");
+        QFile file(standard);
+        QVERIFY(file.open(QIODevice::Append));
+        file.write("\nh1{color:teal}");
+        file.close();
+        QTRY_COMPARE(m_reloads, 1);
+        m_reloads = 0;
+        writeFile(standard + QStringLiteral(".tmp"), "body{}");
+        QVERIFY(QFile::remove(standard));
+        QVERIFY(QFile::rename(standard + QStringLiteral(".tmp"), standard));
+        QTRY_COMPARE(m_reloads, 1);
+        QFile again(standard);
+        QVERIFY(again.open(QIODevice::Append));
+        again.write("\np{}");
+        again.close();
+        QTRY_COMPARE(m_reloads, 2);
+        QCOMPARE(panel.numberOfRowsInTableView(), 5);
+    }
+
+    void everyControlIsLabelled()
+    {
+        CSSStykeController panel;
+        QVERIFY(!panel.cssStyleTable()->accessibleName().isEmpty());
+        QVERIFY(!panel.cssStyleTable()->toolTip().isEmpty());
+        const auto buttons = panel.findChildren<QToolButton *>();
+        QCOMPARE(buttons.size(), 3);
+        for (QToolButton *button : buttons) {
+            QVERIFY(!button->accessibleName().isEmpty());
+            QVERIFY(!button->toolTip().isEmpty());
+            QVERIFY(!button->accessibleName().startsWith(QStringLiteral("CSSSTYLE_")));
+        }
+    }
+};
+
+VELLOX_TEST_MAIN(TestCSSStyles)
+#include "tst_cssstyles.moc"
