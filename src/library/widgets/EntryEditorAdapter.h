@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QString>
+
+class EnhancedTextView;
+class QPlainTextEdit;
+
+// The few editor calls the entry controller makes. The entry editor (EnhancedTextView and
+// its subclass Vellox_EnhancedTextView) is driven through its own API, which keeps its undo
+// history and typing engine in step; any other QPlainTextEdit through Qt's.
+class EntryEditorAdapter
+{
+public:
+    explicit EntryEditorAdapter(QPlainTextEdit *editor);
+
+    QPlainTextEdit *view() const { return m_editor; }
+
+    // The text exactly as typed: no-break spaces and line separators stay what they are.
+    QString string() const;
+    // Replaces the text without announcing a change (no save is scheduled by it).
+    void setString(const QString &text);
+    // True while setString runs, so change signals of the load are not taken for typing.
+    bool isSettingString() const { return m_settingString; }
+    void setEditable(bool editable);
+    bool isEditable() const;
+    // Location and length in UTF-16 code units.
+    int selectedLocation() const;
+    int selectedLength() const;
+    // Clamped to the text, so a stale position never fails.
+    void setSelectedRange(int location, int length);
+
+private:
+    QPlainTextEdit *m_editor;
+    EnhancedTextView *m_entryEditor;
+    bool m_settingString = false;
+};

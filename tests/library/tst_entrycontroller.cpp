@@ -1,0 +1,598 @@
+#include "app/NotificationCenter.h"
+#include "app/Notifications.h"
+#include "app/UserDefaults.h"
+#include "editor/widgets/Vellox_EnhancedTextView.h"
+#include "library/CursorPositionStore.h"
+#include "library/EntryFile.h"
+#include "library/EntryListModel.h"
+#include "library/FileLock.h"
+#include "library/TerminationSignalHandler.h"
+#include "library/widgets/EntryController.h"
+#include "library/widgets/PlainEditorChangePoster.h"
+#include "support/TestHome.h"
+#include "widgets/Alert.h"
+
+#include <QDir>
+#include <QFile>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPlainTextEdit>
+#include <QProcess>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QVBoxLayout>
+#include <QtTest>
+
+#include <sys/xattr.h>
+
+#include <cstdio>
+#include <memory>
+
+namespace {
+void writeBytes(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+QByteArray readBytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void setModified(const QString &path, const QDateTime &date)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::ReadWrite));
+    QVERIFY(file.setFileTime(date, QFileDevice::FileModificationTime));
+}
+
+QByteArray cursorAttribute(const QString &path)
+{
+    char buffer[32] = {};
+    const ssize_t n =
+        getxattr(QFile::encodeName(path).constData(),
+                 "user.com.tessaly.metadata:DocumentCursorPosition", buffer, sizeof buffer);
+    return n < 0 ? QByteArray() : QByteArray(buffer, int(n));
+}
+
+// The main window's part that shows entries, as the application builds it.
+struct EntryWindow
+{
+    QWidget window;
+    QPlainTextEdit *editor;
+    QLineEdit *title = new QLineEdit;
+    QListView *list = new QListView;
+    QLabel *counter = new QLabel;
+    std::unique_ptr<EntryController> controller;
+
+    explicit EntryWindow(const QString &notebook, bool entryEditor = false)
+        : editor(entryEditor ? new Vellox_EnhancedTextView : new QPlainTextEdit)
+    {
+        auto *layout = new QVBoxLayout(&window);
+        layout->addWidget(title);
+        layout->addWidget(list);
+        layout->addWidget(editor);
+        layout->addWidget(counter);
+        if (!entryEditor)
+            new PlainEditorChangePoster(editor);
+        controller = std::make_unique<EntryController>(editor, title, list, counter);
+        controller->attachToWindow(&window);
+        window.resize(600, 500);
+        window.show();
+        controller->setNotebookPath(notebook);
+    }
+
+    void select(int row)
+    {
+        list->selectionModel()->setCurrentIndex(list->model()->index(row, 0),
+                                                QItemSelectionModel::ClearAndSelect);
+    }
+    void type(const QString &text, int delay = -1)
+    {
+        editor->setFocus();
+        bool ascii = true;
+        for (const QChar ch : text)
+            ascii &= ch.unicode() < 128;
+        // Key events exist for ASCII only; other letters arrive as the input method does.
+        if (ascii)
+            QTest::keyClicks(editor, text, Qt::NoModifier, delay);
+        else
+            editor->insertPlainText(text);
+    }
+    void moveCursorToEnd()
+    {
+        QTextCursor cursor = editor->textCursor();
+        cursor.movePosition(QTextCursor::End);
+        editor->setTextCursor(cursor);
+    }
+};
+} // namespace
+
+class TestEntryController : public QObject
+{
+    Q_OBJECT
+
+    QTemporaryDir *m_dir = nullptr;
+    QString m_notebook;
+    QList<AlertRequest> m_alerts;
+    int m_answer = 0;
+
+private Q_SLOTS:
+    void initTestCase()
+    {
+        if (qEnvironmentVariableIsSet("VELLOX_ENTRY_CHILD"))
+            runTerminatedChild();
+    }
+
+    void init()
+    {
+        TestHome::instance()->reset();
+        delete m_dir;
+        m_dir = new QTemporaryDir;
+        m_notebook = m_dir->path() + "/";
+        m_alerts.clear();
+        m_answer = 0;
+        Alert::setResponder([this](const AlertRequest &request) {
+            m_alerts << request;
+            return m_answer;
+        });
+    }
+
+    void cleanupTestCase()
+    {
+        delete m_dir;
+        Alert::setResponder({});
+    }
+
+    void listsEntriesAndLoadsTheSelectedOne()
+    {
+        writeBytes(m_notebook + "Alpha.txt", "Hello world");
+        writeBytes(m_notebook + "Beta.txt", "Second entry");
+        writeBytes(m_notebook + "_notes.stfn", "notes");
+        QVERIFY(setxattr(QFile::encodeName(m_notebook + "Alpha.txt").constData(),
+                         "user.com.tessaly.metadata:DocumentCursorPosition", "6", 1, 0) == 0);
+        QStringList dates;
+        NotificationCenter::defaultCenter().addObserver(
+            this, Notifications::SetnewDate, [&](const Notification &n) {
+                dates << n.userInfo.value(Notifications::NewDateStringKey).toString();
+            });
+
+        EntryWindow w(m_notebook);
+        EntryController &c = *w.controller;
+        QCOMPARE(c.listofFiles(), QStringList({"Alpha.txt", "Beta.txt"}));
+        QCOMPARE(c.model()->rowCount(), 2);
+        QVERIFY(c.model()
+                    ->data(c.model()->index(0), Qt::DisplayRole)
+                    .toString()
+                    .startsWith("  Alpha\n    Created: "));
+        QCOMPARE(c.heightOfFileTableRow(), 12 + 5 + 14 * 2);
+        QVERIFY(!c.editor().isEditable());
+        QCOMPARE(w.editor->toPlainText(), QString("Enter a title to write a note"));
+
+        QSignalSpy preview(&c, &EntryController::previewShouldRender);
+        w.select(0);
+        QCOMPARE(w.title->text(), QString("Alpha"));
+        QCOMPARE(w.editor->toPlainText(), QString("Hello world"));
+        QVERIFY(c.editor().isEditable());
+        QCOMPARE(c.editor().selectedLocation(), 6);
+        QCOMPARE(w.counter->text(), QString("2:11"));
+        QCOMPARE(c.loadedString(), QString("Hello world"));
+        QCOMPARE(c.selectedEncodingForFileSaving(), 4);
+        QCOMPARE(c.lastModificationDateOfCurrentFile(),
+                 QFileInfo(m_notebook + "Alpha.txt").lastModified());
+        QCOMPARE(dates.last(), QString("Alpha"));
+        QCOMPARE(preview.count(), 1);
+        QCOMPARE(preview.at(0).at(1).toUrl(), QUrl::fromLocalFile(m_notebook + "Alpha"));
+        QVERIFY(m_alerts.isEmpty());
+        NotificationCenter::defaultCenter().removeObserver(this);
+    }
+
+    void aMissingNotebookIsReported()
+    {
+        EntryWindow w(m_notebook + "does-not-exist/");
+        QCOMPARE(m_alerts.size(), 1);
+        QCOMPARE(m_alerts.at(0).title, qtTrId("CRIT_NOTEBOOK_DOESNT_EXIST_TITLE"));
+        QCOMPARE(m_alerts.at(0).icon, QMessageBox::Critical);
+        QCOMPARE(w.controller->model()->rowCount(), 0);
+    }
+
+    void fiveKeystrokesWriteOnceOneSecondAfterTheLast()
+    {
+        writeBytes(m_notebook + "Alpha.txt", "Hello world");
+        setModified(m_notebook + "Alpha.txt", QDateTime::currentDateTime().addDays(-2));
+        EntryWindow w(m_notebook);
+        w.select(0);
+        w.moveCursorToEnd();
+        QSignalSpy saved(w.controller.get(), &EntryController::entrySaved);
+        w.type("abcde", 60);
+        QElapsedTimer sinceLast;
+        sinceLast.start();
+        QTest::qWait(900);
+        QCOMPARE(saved.count(), 0);
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Hello world"));
+        QTRY_COMPARE_WITH_TIMEOUT(saved.count(), 1, 2000);
+        QVERIFY2(sinceLast.elapsed() >= 1000, qPrintable(QString::number(sinceLast.elapsed())));
+        QTest::qWait(1300);
+        QCOMPARE(saved.count(), 1);
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Hello worldabcde"));
+        QCOMPARE(QFileInfo(m_notebook + "Alpha.txt").lastModified(),
+                 w.controller->lastModificationDateOfCurrentFile());
+        QVERIFY(w.controller->lastModificationDateOfCurrentFile().secsTo(
+                    QDateTime::currentDateTime()) < 10);
+        QCOMPARE(cursorAttribute(m_notebook + "Alpha.txt"), QByteArray("16"));
+        QVERIFY(!w.controller->currentDocumentHasEdits());
+        // The list's rows are rebuilt off the UI thread and then show the new date.
+        QTRY_VERIFY(w.controller->model()
+                        ->data(w.controller->model()->index(0), Qt::DisplayRole)
+                        .toString()
+                        .contains(EntryDirectory::dateText(QDateTime::currentDateTime()).left(6)));
+    }
+
+    void theEntryEditorIsDrivenThroughItsOwnApi()
+    {
+        writeBytes(m_notebook + "Alpha.txt", "Alpha\u00a0text");
+        writeBytes(m_notebook + "Beta.txt", "Beta");
+        QVERIFY(setxattr(QFile::encodeName(m_notebook + "Alpha.txt").constData(),
+                         "user.com.tessaly.metadata:DocumentCursorPosition", "99", 2, 0) == 0);
+        EntryWindow w(m_notebook, true);
+        QVERIFY(!w.controller->editor().isEditable());
+        w.select(0);
+        QCOMPARE(w.controller->editor().string(), QString::fromUtf8("Alpha\u00a0text"));
+        QCOMPARE(w.controller->editor().selectedLocation(), 10); // clamped to the text
+        QVERIFY(!w.controller->hasUnsavedText());
+        QSignalSpy saved(w.controller.get(), &EntryController::entrySaved);
+        w.type("abcde", 60);
+        QElapsedTimer sinceLast;
+        sinceLast.start();
+        QTRY_COMPARE_WITH_TIMEOUT(saved.count(), 1, 3000);
+        QVERIFY(sinceLast.elapsed() >= 1000);
+        QTest::qWait(1200);
+        QCOMPARE(saved.count(), 1);
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha\xC2\xA0textabcde"));
+
+        w.type("!");
+        w.select(1);
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha\xC2\xA0textabcde!"));
+        QCOMPARE(w.controller->editor().string(), QString("Beta"));
+        QTest::qWait(1300);
+        QCOMPARE(readBytes(m_notebook + "Beta.txt"), QByteArray("Beta"));
+    }
+
+    void switchingEntriesWithinTheSecondLosesNothing()
+    {
+        writeBytes(m_notebook + "Alpha.txt", "Alpha text");
+        writeBytes(m_notebook + "Beta.txt", "Beta text");
+        writeBytes(m_notebook + "Gamma.txt", "Gamma text");
+        EntryWindow w(m_notebook);
+        QSignalSpy saved(w.controller.get(), &EntryController::entrySaved);
+        w.select(0);
+        w.moveCursorToEnd();
+        w.type(" one");
+        // Before even the editor's announcement.
+        w.select(1);
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha text one"));
+        QCOMPARE(w.editor->toPlainText(), QString("Beta text"));
+        QCOMPARE(w.title->text(), QString("Beta"));
+
+        w.moveCursorToEnd();
+        w.type(" two");
+        QTest::qWait(300); // announced, save pending
+        QVERIFY(w.controller->currentDocumentHasEdits());
+        w.select(2);
+        QCOMPARE(readBytes(m_notebook + "Beta.txt"), QByteArray("Beta text two"));
+        QCOMPARE(w.editor->toPlainText(), QString("Gamma text"));
+
+        QTest::qWait(1400);
+        QCOMPARE(saved.count(), 2);
+        QCOMPARE(readBytes(m_notebook + "Gamma.txt"), QByteArray("Gamma text"));
+        QCOMPARE(w.controller->selectedFileName(), QString("Gamma.txt"));
+    }
+
+    void titleNotebookAndWindowChangesFlushFirst()
+    {
+        QDir().mkpath(m_notebook + "other");
+        writeBytes(m_notebook + "Alpha.txt", "Alpha");
+        writeBytes(m_notebook + "other/Far.txt", "Far");
+        EntryWindow w(m_notebook);
+        w.select(0);
+        w.moveCursorToEnd();
+        w.type(" title");
+        w.title->setFocus();
+        QTest::keyClicks(w.title, "X");
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha title"));
+        QVERIFY(!QFile::exists(m_notebook + "AlphaX.txt"));
+
+        w.title->setText("Alpha");
+        w.type(" notebook");
+        w.controller->setNotebookPath(m_notebook + "other/");
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha title notebook"));
+        QVERIFY(!QFile::exists(m_notebook + "other/Alpha.txt"));
+        QCOMPARE(w.controller->listofFiles(), QStringList({"Far.txt"}));
+
+        w.select(0);
+        w.moveCursorToEnd();
+        w.type(" close");
+        w.window.close();
+        QCOMPARE(readBytes(m_notebook + "other/Far.txt"), QByteArray("Far close"));
+
+        w.window.show();
+        w.type(" relist");
+        NotificationCenter::defaultCenter().post(Notifications::ReloadFilesForSelectedNoticeBlock);
+        QCOMPARE(readBytes(m_notebook + "other/Far.txt"), QByteArray("Far close relist"));
+        QCOMPARE(w.editor->toPlainText(), QString("Enter a title to write a note"));
+        QCOMPARE(w.title->text(), QString());
+    }
+
+    void extensionChangeSavesUnderTheOldExtension()
+    {
+        writeBytes(m_notebook + "Alpha.txt", "Alpha");
+        EntryWindow w(m_notebook);
+        w.select(0);
+        w.moveCursorToEnd();
+        w.type(" more");
+        UserDefaults::standard().setString("defaultFileExtensionForEntries", "md");
+        NotificationCenter::defaultCenter().post(Notifications::ReloadFilesForSelectedNoticeBlock);
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha more"));
+        QVERIFY(!QFile::exists(m_notebook + "Alpha.md"));
+        QVERIFY(w.controller->listofFiles().isEmpty());
+    }
+
+    void latin1EntryIsWrittenBackAsLatin1()
+    {
+        writeBytes(m_notebook + "Caf\xC3\xA9.txt", "Le caf\xE9 du matin");
+        EntryWindow w(m_notebook);
+        w.select(0);
+        QCOMPARE(w.editor->toPlainText(), QString::fromUtf8("Le café du matin"));
+        QCOMPARE(w.controller->selectedEncodingForFileSaving(), 5);
+        w.moveCursorToEnd();
+        w.type(QString::fromUtf8(" ñ"));
+        w.controller->flushPendingSave();
+        QCOMPARE(readBytes(m_notebook + QString::fromUtf8("Café.txt")),
+                 QByteArray("Le caf\xE9 du matin \xF1"));
+        QCOMPARE(w.controller->selectedEncodingForFileSaving(), 5);
+    }
+
+    void newPlainEntryIsUtf8AndEmptyingDeletesIt()
+    {
+        writeBytes(m_notebook + "Alpha.txt", "Alpha");
+        EntryWindow w(m_notebook);
+        w.select(0);
+        w.controller->prepareNewEntry("New day");
+        QCOMPARE(w.title->text(), QString("New day"));
+        QVERIFY(w.controller->editor().isEditable());
+        w.type(QString::fromUtf8("Grüße"));
+        QSignalSpy saved(w.controller.get(), &EntryController::entrySaved);
+        QTRY_COMPARE_WITH_TIMEOUT(saved.count(), 1, 3000);
+        QCOMPARE(readBytes(m_notebook + "New day.txt"), QByteArray("Gr\xC3\xBC\xC3\x9F"
+                                                                   "e"));
+        QCOMPARE(w.controller->listofFiles(), QStringList({"Alpha.txt", "New day.txt"}));
+        QCOMPARE(w.controller->selectedFileName(), QString("New day.txt"));
+        QCOMPARE(w.editor->toPlainText(), QString::fromUtf8("Grüße"));
+        QCOMPARE(QString::fromUtf8(cursorAttribute(m_notebook + "New day.txt")), QString("5"));
+
+        w.editor->selectAll();
+        QTest::keyClick(w.editor, Qt::Key_Delete);
+        QTRY_COMPARE_WITH_TIMEOUT(saved.count(), 2, 3000);
+        QVERIFY(!QFile::exists(m_notebook + "New day.txt"));
+        QVERIFY(QFile::exists(m_notebook + "Alpha.txt"));
+    }
+
+    void textBundleEntriesAreCreatedWithTheirLayout()
+    {
+        UserDefaults::standard().setString("defaultFileExtensionForEntries", "textbundle");
+        writeBytes(m_notebook + "plain.txt", "not listed");
+        EntryWindow w(m_notebook);
+        QVERIFY(w.controller->listofFiles().isEmpty());
+        w.controller->prepareNewEntry("Trip");
+        w.type("Hello");
+        QSignalSpy saved(w.controller.get(), &EntryController::entrySaved);
+        QTRY_COMPARE_WITH_TIMEOUT(saved.count(), 1, 3000);
+        const QString bundle = m_notebook + "Trip.textbundle";
+        QCOMPARE(readBytes(bundle + "/text.markdown"), QByteArray("Hello"));
+        QVERIFY(QFileInfo(bundle + "/assets").isDir());
+        QVERIFY(QDir(bundle + "/assets").isEmpty());
+        QCOMPARE(readBytes(bundle + "/info.json"),
+                 QByteArray("{\n\"version\" : 2,\n\"type\": \"net.daringfireball.markdown\",\n"
+                            "\"transient\" : true,\n\"creatorIdentifier\" : "
+                            "\"com.tessaly.Vellox\"\n}"));
+        QCOMPARE(w.controller->listofFiles(), QStringList({"Trip.textbundle"}));
+
+        // Reopened, the bundle's text file is found and the preview's base is the bundle.
+        w.controller->loadFilesForSelectedNoticeBlock();
+        QSignalSpy preview(w.controller.get(), &EntryController::previewShouldRender);
+        w.select(0);
+        QCOMPARE(w.editor->toPlainText(), QString("Hello"));
+        QCOMPARE(preview.last().at(1).toUrl(), QUrl::fromLocalFile(bundle + "/"));
+        QVERIFY(m_alerts.isEmpty());
+
+        // Emptied: only the text file goes.
+        w.editor->selectAll();
+        QTest::keyClick(w.editor, Qt::Key_Backspace);
+        w.controller->flushPendingSave();
+        QVERIFY(!QFile::exists(bundle + "/text.markdown"));
+        QVERIFY(QFile::exists(bundle + "/info.json"));
+        QVERIFY(QFileInfo(bundle + "/assets").isDir());
+    }
+
+    void bundleLanguagesAndBrokenInfo()
+    {
+        UserDefaults::standard().setString("defaultFileExtensionForEntries", "textbundle");
+        QDir().mkpath(m_notebook + "A.textbundle");
+        QDir().mkpath(m_notebook + "B.textbundle");
+        QDir().mkpath(m_notebook + "C.textbundle");
+        writeBytes(m_notebook + "A.textbundle/text.bbc", "[b]A[/b]");
+        writeBytes(m_notebook + "A.textbundle/info.json", "{\"type\": \"com.tessaly.bbcode\"}");
+        writeBytes(m_notebook + "B.textbundle/text.markdown", "B text");
+        writeBytes(m_notebook + "B.textbundle/info.json", "{ not json");
+        writeBytes(m_notebook + "C.textbundle/text.txt", "C text");
+        EntryWindow w(m_notebook);
+
+        w.select(0);
+        QCOMPARE(w.editor->toPlainText(), QString("[b]A[/b]"));
+        QCOMPARE(m_alerts.size(), 1);
+        QCOMPARE(m_alerts.at(0).title, qtTrId("TEXTBUNDLE_MIXED_MARKUPS_TITLE"));
+        QVERIFY(m_alerts.at(0).message.contains("BBCode"));
+        QVERIFY(m_alerts.at(0).message.indexOf("BBCode") <
+                m_alerts.at(0).message.indexOf("Markdown"));
+        QCOMPARE(UserDefaults::standard().integerForKey("TypographyUseMarkupLanguage"), 1);
+
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^ERROR: .*info.json"));
+        w.select(1);
+        QCOMPARE(w.editor->toPlainText(), QString("B text"));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^ERROR: .*info.json"));
+        w.select(2);
+        QCOMPARE(w.editor->toPlainText(), QString("C text"));
+        QCOMPARE(m_alerts.size(), 1);
+    }
+
+    void relistKeepsTheSelectedRowForANameAtTheTop()
+    {
+        for (const char *name : {"A.txt", "B.txt", "C.txt"})
+            writeBytes(m_notebook + name, name);
+        EntryWindow w(m_notebook);
+        w.select(2);
+        w.controller->loadFilesForSelectedNoticeBlockAndSelectItemWithFilename("A.txt");
+        QCOMPARE(w.controller->selectedRow(), 2);
+        w.controller->loadFilesForSelectedNoticeBlockAndSelectItemWithFilename("B.txt");
+        QCOMPARE(w.controller->selectedRow(), 1);
+        QCOMPARE(w.editor->toPlainText(), QString("B.txt"));
+        w.controller->loadFilesForSelectedNoticeBlockAndSelectItemWithFilename("missing.txt");
+        QCOMPARE(w.controller->selectedRow(), 1);
+    }
+
+    void returnToTheWindowPicksUpOutsideChanges()
+    {
+        writeBytes(m_notebook + "Alpha.txt", "Alpha text here");
+        writeBytes(m_notebook + "Beta.txt", "Beta");
+        EntryWindow w(m_notebook);
+        w.select(1);
+        w.controller->editor().setSelectedRange(3, 0);
+        w.controller->windowDidResignMain();
+        // No event processing until the return: activation events would answer early.
+        QThread::msleep(20);
+        writeBytes(m_notebook + "Beta.txt", "Beta changed elsewhere");
+        setModified(m_notebook + "Beta.txt", QDateTime::currentDateTime().addSecs(5));
+        writeBytes(m_notebook + "0-first.txt", "new");
+
+        w.controller->windowDidBecomeMain();
+        QCOMPARE(w.editor->toPlainText(), QString("Beta changed elsewhere"));
+        QCOMPARE(w.controller->editor().selectedLocation(), 3);
+        QCOMPARE(w.controller->listofFiles(),
+                 QStringList({"0-first.txt", "Alpha.txt", "Beta.txt"}));
+        QCOMPARE(w.controller->selectedFileName(), QString("Beta.txt"));
+        QCOMPARE(w.title->text(), QString("Beta"));
+        QVERIFY(!w.controller->checkForFolderModificaion());
+
+        // An unchanged file is left alone.
+        w.type("!");
+        w.controller->flushPendingSave();
+        w.controller->windowDidBecomeMain();
+        QCOMPARE(w.editor->toPlainText(), QString("Bet!a changed elsewhere"));
+    }
+
+    void lockedFolderAndFile()
+    {
+        writeBytes(m_notebook + "Alpha.txt", "Alpha");
+        QString error;
+        if (!FileLock::setImmutable(m_dir->path(), true, &error))
+            QSKIP(qPrintable("no immutable flag here: " + error));
+        m_answer = 1; // unlock
+        {
+            EntryWindow w(m_notebook);
+            QCOMPARE(m_alerts.size(), 1);
+            QCOMPARE(m_alerts.at(0).title, qtTrId("FOLDER_LOCKED"));
+            QCOMPARE(m_alerts.at(0).buttons, QStringList({qtTrId("FOLDER_LOCKED_KEEP_LOCKED"),
+                                                          qtTrId("FOLDER_LOCKED_UNLOCK")}));
+            QVERIFY(!FileLock::isImmutable(m_dir->path()));
+            // Once per notebook and run.
+            FileLock::setImmutable(m_dir->path(), true);
+            w.controller->loadFilesForSelectedNoticeBlock();
+            QCOMPARE(m_alerts.size(), 1);
+            FileLock::setImmutable(m_dir->path(), false);
+        }
+
+        m_alerts.clear();
+        m_answer = 0; // keep locked
+        QVERIFY(FileLock::setImmutable(m_notebook + "Alpha.txt", true));
+        EntryWindow w(m_notebook);
+        w.select(0);
+        QCOMPARE(m_alerts.size(), 1);
+        QCOMPARE(m_alerts.at(0).title, qtTrId("FILE_LOCKED"));
+        QVERIFY(FileLock::isImmutable(m_notebook + "Alpha.txt"));
+        w.moveCursorToEnd();
+        w.type(" kept");
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^FILEWRITING-ERROR: "));
+        w.controller->flushPendingSave();
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha"));
+        QCOMPARE(w.editor->toPlainText(), QString("Alpha kept"));
+        QVERIFY(FileLock::setImmutable(m_notebook + "Alpha.txt", false));
+        w.type("!");
+        QSignalSpy saved(w.controller.get(), &EntryController::entrySaved);
+        QTRY_COMPARE_WITH_TIMEOUT(saved.count(), 1, 3000);
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha kept!"));
+    }
+
+    void emptyAndLargeEntries()
+    {
+        writeBytes(m_notebook + "Empty.txt", "");
+        QByteArray big;
+        while (big.size() < 10 * 1024 * 1024)
+            big += "Ein langer Tag, und noch ein Satz dazu. \xC3\xA4\n";
+        writeBytes(m_notebook + "Huge.txt", big);
+        EntryWindow w(m_notebook);
+        w.select(0);
+        QCOMPARE(w.editor->toPlainText(), QString());
+        QCOMPARE(w.counter->text(), QString("0:0"));
+        w.select(1);
+        QCOMPARE(w.editor->document()->characterCount() - 1, QString::fromUtf8(big).size());
+        w.moveCursorToEnd();
+        w.type("x");
+        w.controller->flushPendingSave();
+        QCOMPARE(readBytes(m_notebook + "Huge.txt"), big + "x");
+    }
+
+    void terminationSavesPendingWords()
+    {
+        writeBytes(m_notebook + "Alpha.txt", "Alpha");
+        QProcess child;
+        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
+        env.insert("VELLOX_ENTRY_CHILD", m_notebook);
+        child.setProcessEnvironment(env);
+        child.start(QCoreApplication::applicationFilePath(), {"aMissingNotebookIsReported"});
+        QVERIFY(child.waitForStarted());
+        QByteArray output;
+        QTRY_VERIFY2_WITH_TIMEOUT((output += child.readAllStandardOutput()).contains("ready"),
+                                  QByteArray(output + child.readAllStandardError()).constData(),
+                                  10000);
+        child.terminate(); // SIGTERM
+        QVERIFY(child.waitForFinished(10000));
+        QCOMPARE(child.exitStatus(), QProcess::NormalExit);
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha words"));
+    }
+
+private:
+    // Runs in the child process: opens an entry, types, and waits to be terminated.
+    void runTerminatedChild()
+    {
+        const QString notebook = qEnvironmentVariable("VELLOX_ENTRY_CHILD");
+        TerminationSignalHandler handler;
+        {
+            EntryWindow w(notebook);
+            w.select(0);
+            w.moveCursorToEnd();
+            w.type(" words");
+            std::fputs("ready\n", stdout);
+            std::fflush(stdout);
+            QCoreApplication::exec();
+        }
+        std::fflush(stdout);
+        ::_exit(0);
+    }
+};
+
+VELLOX_TEST_MAIN(TestEntryController)
+#include "tst_entrycontroller.moc"

@@ -1,0 +1,329 @@
+#include "app/UserDefaults.h"
+#include "library/CursorPositionStore.h"
+#include "library/EntryDirectory.h"
+#include "library/EntryFile.h"
+#include "library/ExtendedAttributes.h"
+#include "library/FileLock.h"
+#include "library/TextBundle.h"
+#include "library/TextEncoding.h"
+#include "library/WordCounter.h"
+#include "support/TestHome.h"
+
+#include <QDir>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QtTest>
+
+#include <sys/xattr.h>
+
+namespace {
+void writeBytes(const QString &path, const QByteArray &bytes)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write(bytes);
+}
+
+QByteArray readBytes(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+} // namespace
+
+class TestEntryFiles : public QObject
+{
+    Q_OBJECT
+private Q_SLOTS:
+    void init() { TestHome::instance()->reset(); }
+
+    void onlyItemsWithTheExactExtensionAreEntries()
+    {
+        QTemporaryDir dir;
+        for (const char *name : {"b.txt", "a.txt", "b.TXT", "c.md", "_notes.stfn", ".DiaryIcon.png",
+                                 ".txt", "attachments"})
+            writeBytes(dir.filePath(name), "x");
+        QDir(dir.path()).mkdir("folder.txt");
+        QDir(dir.path()).mkdir("noext");
+        QCOMPARE(EntryDirectory::listEntries(dir.path(), "txt"),
+                 QStringList({".txt", "a.txt", "b.txt", "folder.txt"}));
+        QCOMPARE(EntryDirectory::listEntries(dir.path(), "TXT"), QStringList({"b.TXT"}));
+
+        QDir(dir.path()).mkdir("Day one.textbundle");
+        QCOMPARE(EntryDirectory::listEntries(dir.path(), "textbundle"),
+                 QStringList({"Day one.textbundle"}));
+        QVERIFY(EntryDirectory::listEntries(dir.filePath("missing"), "txt").isEmpty());
+    }
+
+    void displayRowsFollowTheSettings()
+    {
+        QTemporaryDir dir;
+        const QString notebook = dir.path() + "/";
+        writeBytes(notebook + "First.txt", "Line one\nLine two of the first entry");
+        writeBytes(notebook + "Latin.txt", "caf\xE9");
+        QDir(dir.path()).mkdir("Bundle.txt");
+
+        EntryListSettings s;
+        s.showDates = true;
+        s.showExcerpt = true;
+        s.excerptLines = 3;
+        s.titleSize = 12;
+        s.infoSize = 11;
+        s.createdLabel = "Created";
+        s.modifiedLabel = "Modified";
+        s.deletedLabel = "Gone";
+        EntryDisplayList list = EntryDirectory::formatTableItemsForDisplay(
+            {"First.txt", "Latin.txt", "Bundle.txt", "Vanished.txt"}, notebook, s, 40);
+        QCOMPARE(list.rows.size(), 4);
+        QCOMPARE(list.heightOfFileTableRow, 12 + 5 + 14 * 5);
+        const EntryDisplayRow &first = list.rows.at(0);
+        QCOMPARE(first.titleLine, QString("  First"));
+        QVERIFY(first.infoText.startsWith("\n    Created: "));
+        QVERIFY(first.infoText.contains("\n    Modified: "));
+        QVERIFY(first.infoText.contains(" - "));
+        QCOMPARE(first.excerpt, QString("\nLine one\nLine two of the first entry"));
+        QCOMPARE(list.rows.at(1).excerpt, QString("\n")); // not UTF-8: no excerpt
+        QCOMPARE(list.rows.at(2).excerpt, QString("\n")); // a folder has no text
+        QVERIFY(list.rows.at(3).deleted);
+        QCOMPARE(list.rows.at(3).text(), QString("  Vanished\nGone"));
+
+        // Only dates, larger info font: L = I + 4.
+        s.showExcerpt = false;
+        s.infoSize = 14;
+        s.titleSize = 20;
+        list = EntryDirectory::formatTableItemsForDisplay({"First.txt"}, notebook, s, 40);
+        QCOMPARE(list.heightOfFileTableRow, 20 + 5 + 18 * 2);
+        QCOMPARE(list.rows.at(0).excerpt, QString());
+
+        // A list of vanished files keeps the height it had; a long entry gives c x 50
+        // characters.
+        list = EntryDirectory::formatTableItemsForDisplay({"x.txt"}, notebook, s, 40);
+        QCOMPARE(list.heightOfFileTableRow, 40);
+        writeBytes(notebook + "Long.txt", QByteArray(500, 'w'));
+        s.showDates = false;
+        s.showExcerpt = true;
+        s.excerptLines = 2;
+        list = EntryDirectory::formatTableItemsForDisplay({"Long.txt"}, notebook, s, 40);
+        QCOMPARE(list.rows.at(0).excerpt, "\n" + QString(100, 'w'));
+        QCOMPARE(list.heightOfFileTableRow, 20 + 5 + 18 * 2);
+    }
+
+    void pathExtensionRules()
+    {
+        QCOMPARE(EntryDirectory::pathExtension(".txt"), QString("txt"));
+        QCOMPARE(EntryDirectory::deletingPathExtension(".txt"), QString());
+        QCOMPARE(EntryDirectory::deletingPathExtension("a.b.txt"), QString("a.b"));
+        QCOMPARE(EntryDirectory::pathExtension("plain"), QString());
+    }
+
+    void encodingDetectionOnLoad_data()
+    {
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<int>("encoding");
+        QTest::newRow("utf-8") << QByteArray("Gr\xC3\xBC\xC3\x9F"
+                                             "e \xE2\x82\xAC")
+                               << QString::fromUtf8("Grüße €") << 4;
+        QTest::newRow("empty") << QByteArray() << QString() << 4;
+        QTest::newRow("latin-1")
+            << QByteArray("Le caf\xE9 est tr\xE8s chaud, dit le gar\xE7on \xE0 la fen\xEAtre.")
+            << QString::fromUtf8("Le café est très chaud, dit le garçon à la fenêtre.") << 5;
+        QTest::newRow("utf-16le bom")
+            << QByteArray("\xFF\xFEh\0i\0 \0\xAC\x20", 10) << QString::fromUtf8("hi €") << 10;
+        QTest::newRow("short latin-1") << QByteArray("caf\xE9") << QString::fromUtf8("café") << 5;
+        QTest::newRow("windows-1252")
+            << QByteArray("\x93quoted\x94 \x80 5") << QString::fromUtf8("“quoted” € 5") << 12;
+        QTest::newRow("utf-16be bom")
+            << QByteArray("\xFE\xFF\0h\0i\0 \x20\xAC", 10) << QString::fromUtf8("hi €") << 10;
+    }
+
+    void encodingDetectionOnLoad()
+    {
+        QFETCH(QByteArray, bytes);
+        QFETCH(QString, text);
+        QFETCH(int, encoding);
+        QTemporaryDir dir;
+        const QString path = dir.filePath("e.txt");
+        writeBytes(path, bytes);
+        const EntryFile::Loaded loaded = EntryFile::read(path);
+        QVERIFY(loaded.readable);
+        QCOMPARE(loaded.text, text);
+        QCOMPARE(loaded.encoding, encoding);
+
+        // Written back in the encoding it was read in, it reads the same again.
+        int used = 0;
+        QString error;
+        QVERIFY(EntryFile::write(path, loaded.text + "!", loaded.encoding, &used, &error));
+        QCOMPARE(used, encoding);
+        const EntryFile::Loaded again = EntryFile::read(path);
+        QCOMPARE(again.text, text + "!");
+        if (encoding == 5 || encoding == 12)
+            QCOMPARE(readBytes(path), bytes + "!");
+        if (encoding == 10)
+            QVERIFY(readBytes(path).startsWith("\xFF\xFE"));
+    }
+
+    void undetectableBytesLoadAsMacRomanAndSaveAsUtf8()
+    {
+        // Control bytes and no byte-order mark: no candidate is believed, so the run through
+        // the thirty encodings decides.
+        QByteArray bytes;
+        for (int i = 0; i < 40; ++i)
+            bytes += QByteArray("\x81\x8D\x8F\x90\x9D\xFF\xFE\x00\x80", 9);
+        QTemporaryDir dir;
+        const QString path = dir.filePath("odd.txt");
+        writeBytes(path, bytes);
+        const EntryFile::Loaded loaded = EntryFile::read(path);
+        QString macRoman;
+        QVERIFY(TextEncoding::decode(bytes, TextEncoding::MacOSRoman, &macRoman));
+        QCOMPARE(loaded.text, macRoman);
+        QCOMPARE(loaded.encoding, 4);
+        QVERIFY(loaded.text.startsWith(QString::fromUtf8("Åç")));
+    }
+
+    void writingNeverDropsCharactersTheEncodingLacks()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("latin.txt");
+        writeBytes(path, "caf\xE9");
+        int used = 0;
+        QString error;
+        QVERIFY(EntryFile::write(path, QString::fromUtf8("café 😀 €"), 5, &used, &error));
+        QCOMPARE(used, 4);
+        QCOMPARE(EntryFile::read(path).text, QString::fromUtf8("café 😀 €"));
+    }
+
+    void aLargeEntryRoundTrips()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("big.txt");
+        QString text;
+        const QString line =
+            QString::fromUtf8("Zeile mit Umlauten äöü und mehr Text, 0123456789\n");
+        while (text.size() < 10 * 1024 * 1024 / 2)
+            text += line;
+        QString error;
+        QVERIFY(EntryFile::write(path, text, 4, nullptr, &error));
+        QVERIFY(QFileInfo(path).size() > 5 * 1024 * 1024);
+        QCOMPARE(EntryFile::read(path).text, text);
+    }
+
+    void failedWritesLeaveTheFileAsItWas()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("locked.txt");
+        writeBytes(path, "original");
+        QString flagError;
+        if (!FileLock::setImmutable(path, true, &flagError))
+            QSKIP(qPrintable("no immutable flag here: " + flagError));
+        QVERIFY(FileLock::isImmutable(path));
+        QString error;
+        const bool written = EntryFile::write(path, "replacement", 4, nullptr, &error);
+        QVERIFY(FileLock::setImmutable(path, false));
+        QVERIFY(!FileLock::isImmutable(path));
+        QVERIFY(!written);
+        QVERIFY(!error.isEmpty());
+        QCOMPARE(readBytes(path), QByteArray("original"));
+        QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList({"locked.txt"}));
+
+        // A folder that no longer exists.
+        QVERIFY(!EntryFile::write(dir.filePath("gone/x.txt"), "x", 4, nullptr, &error));
+    }
+
+    void atomicWritesKeepOtherAttributes()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("tagged.txt");
+        writeBytes(path, "one");
+        QVERIFY(ExtendedAttributes::set(path, "user.xdg.tags", "diary"));
+        QVERIFY(EntryFile::write(path, "two", 4, nullptr, nullptr));
+        QByteArray value;
+        QVERIFY(ExtendedAttributes::get(path, "user.xdg.tags", &value));
+        QCOMPARE(value, QByteArray("diary"));
+    }
+
+    void cursorPositionAttribute()
+    {
+        QTemporaryDir dir;
+        const QString path = dir.filePath("c.txt");
+        writeBytes(path, "some text");
+        const QDateTime before = QDateTime::currentDateTime().addSecs(-3600);
+        QFile f(path);
+        QVERIFY(f.open(QIODevice::ReadWrite));
+        QVERIFY(f.setFileTime(before, QFileDevice::FileModificationTime));
+        f.close();
+
+        CursorPositionStore::saveCurrentCursorPostionAtIndex(7, path);
+        char buffer[32] = {};
+        const ssize_t n =
+            getxattr(QFile::encodeName(path).constData(),
+                     "user.com.tessaly.metadata:DocumentCursorPosition", buffer, sizeof buffer);
+        QCOMPARE(QByteArray(buffer, int(n)), QByteArray("7"));
+        QCOMPARE(CursorPositionStore::getCursorPositionForDocument(path), 7);
+        QCOMPARE(QFileInfo(path).lastModified(), before);
+
+        QCOMPARE(CursorPositionStore::parseLocation("12"), 12);
+        QCOMPARE(CursorPositionStore::parseLocation("-3"), 0);
+        QCOMPARE(CursorPositionStore::parseLocation("abc"), 0);
+        QCOMPARE(CursorPositionStore::parseLocation(" 42xyz"), 42);
+        QCOMPARE(CursorPositionStore::parseLocation(""), 0);
+        QCOMPARE(CursorPositionStore::getCursorPositionForDocument(dir.filePath("none.txt")), 0);
+        CursorPositionStore::saveCurrentCursorPostionAtIndex(3, dir.filePath("none.txt"));
+        QVERIFY(!QFile::exists(dir.filePath("none.txt")));
+    }
+
+    void cursorPositionSideStoreWhereAttributesFail()
+    {
+        // /proc/self has no user attributes; a regular file there stands in for such a disk.
+        const QString path = "/proc/self/status";
+        if (ExtendedAttributes::set(path, CursorPositionStore::attributeName(), "1"))
+            QSKIP("this file system keeps attributes");
+        CursorPositionStore::saveCurrentCursorPostionAtIndex(21, path);
+        QCOMPARE(CursorPositionStore::getCursorPositionForDocument(path), 21);
+    }
+
+    void textBundleLayoutAndInfo()
+    {
+        QTemporaryDir dir;
+        const QString bundle = dir.filePath("Trip.textbundle");
+        QDir().mkpath(bundle);
+        QString error;
+        QVERIFY(TextBundle::createLayout(bundle, 4, &error));
+        QVERIFY(QFileInfo(bundle + "/assets").isDir());
+        QCOMPARE(readBytes(bundle + "/info.json"),
+                 QByteArray("{\n\"version\" : 2,\n\"type\": \"com.tessaly.bbcode\",\n\"transient\" "
+                            ": true,\n\"creatorIdentifier\" : \"com.tessaly.Vellox\"\n}"));
+        QCOMPARE(TextBundle::readType(bundle, &error), QString("com.tessaly.bbcode"));
+        QCOMPARE(TextBundle::language(bundle, &error), 4);
+
+        QCOMPARE(TextBundle::textFileName(bundle), QString());
+        QCOMPARE(TextBundle::textFileNameForSaving(bundle, 2), QString("text.tex"));
+        writeBytes(bundle + "/text.bbc", "a");
+        writeBytes(bundle + "/text.markdown", "b");
+        writeBytes(bundle + "/texts.md", "c");
+        QCOMPARE(TextBundle::textFileName(bundle), QString("text.markdown"));
+        QCOMPARE(TextBundle::textFileNameForSaving(bundle, 2), QString("text.markdown"));
+
+        writeBytes(bundle + "/info.json", "{ \"type\": ");
+        error.clear();
+        QCOMPARE(TextBundle::language(bundle, &error), 1);
+        QVERIFY(!error.isEmpty());
+        QFile::remove(bundle + "/info.json");
+        error.clear();
+        QCOMPARE(TextBundle::language(bundle, &error), 1);
+        writeBytes(bundle + "/info.json", "{\"type\": \"net.multimarkdown.text\"}");
+        QCOMPARE(TextBundle::language(bundle, nullptr), 7);
+    }
+
+    void wordAndCharacterCounter()
+    {
+        QCOMPARE(WordCounter::counterText(""), QString("0:0"));
+        QCOMPARE(WordCounter::counterText("a  b"), QString("3:4"));
+        QCOMPARE(WordCounter::counterText("one two "), QString("3:8"));
+        QCOMPARE(WordCounter::counterText("line\nnext\ttab"), QString("3:13"));
+        QCOMPARE(WordCounter::counterText(QString::fromUtf8("😀 x")), QString("2:4"));
+    }
+};
+
+VELLOX_TEST_MAIN(TestEntryFiles)
+#include "tst_entryfiles.moc"
