@@ -419,5 +419,69 @@
         <source>Words : characters of this entry</source>
         <translation>Words : characters of this entry</translation>
     </message>
+    <message id="FOLDER_LOCKED">
+        <source>This notebook folder is locked</source>
+        <translation>This notebook folder is locked</translation>
+    </message>
+    <message id="MENU_COPY">
+        <source>Copy</source>
+        <translation>Copy</translation>
+    </message>
+    <message id="MENU_COPY_TIP">
+        <source>Copy the selected text</source>
+        <translation>Copy the selected text</translation>
+    </message>
+    <message id="MENU_CUT">
+        <source>Cut</source>
+        <translation>Cut</translation>
+    </message>
+    <message id="MENU_CUT_TIP">
+        <source>Cut the selected text</source>
+        <translation>Cut the selected text</translation>
+    </message>
+    <message id="MENU_PASTE">
+        <source>Paste</source>
+        <translation>Paste</translation>
+    </message>
+    <message id="MENU_PASTE_TIP">
+        <source>Paste at the cursor</source>
+        <translation>Paste at the cursor</translation>
+    </message>
+    <message id="MENU_PREVIEW_STYLES">
+        <source>Preview Styles…</source>
+        <translation>Preview Styles…</translation>
+    </message>
+    <message id="MENU_SELECT_ALL">
+        <source>Select All</source>
+        <translation>Select All</translation>
+    </message>
+    <message id="MENU_SELECT_ALL_TIP">
+        <source>Select the whole entry</source>
+        <translation>Select the whole entry</translation>
+    </message>
+    <message id="MENU_SHOW_ATTACHMENTS">
+        <source>Attachments</source>
+        <translation>Attachments</translation>
+    </message>
+    <message id="MENU_SHOW_EDITOR">
+        <source>Editor</source>
+        <translation>Editor</translation>
+    </message>
+    <message id="MENU_SHOW_PREVIEW">
+        <source>Preview</source>
+        <translation>Preview</translation>
+    </message>
+    <message id="MENU_TAB_ACTIONS">
+        <source>Tab Actions…</source>
+        <translation>Tab Actions…</translation>
+    </message>
+    <message id="MENU_TAB_ACTIONS_TIP">
+        <source>Edit the abbreviations Tab expands</source>
+        <translation>Edit the abbreviations Tab expands</translation>
+    </message>
+    <message id="MENU_TEXT">
+        <source>&amp;Text</source>
+        <translation>&amp;Text</translation>
+    </message>
 </context>
 </TS>

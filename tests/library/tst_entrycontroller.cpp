@@ -186,7 +186,7 @@ private Q_SLOTS:
                  QFileInfo(m_notebook + "Alpha.txt").lastModified());
         QCOMPARE(dates.last(), QString("Alpha"));
         QCOMPARE(preview.count(), 1);
-        QCOMPARE(preview.at(0).at(1).toUrl(), QUrl::fromLocalFile(m_notebook + "Alpha"));
+        QCOMPARE(preview.at(0).at(1).toString(), m_notebook + "Alpha.txt");
         QVERIFY(m_alerts.isEmpty());
         NotificationCenter::defaultCenter().removeObserver(this);
     }
@@ -406,7 +406,7 @@ private Q_SLOTS:
         QSignalSpy preview(w.controller.get(), &EntryController::previewShouldRender);
         w.select(0);
         QCOMPARE(w.editor->toPlainText(), QString("Hello"));
-        QCOMPARE(preview.last().at(1).toUrl(), QUrl::fromLocalFile(bundle + "/"));
+        QCOMPARE(preview.last().at(1).toString(), bundle + "/text.markdown");
         QVERIFY(m_alerts.isEmpty());
 
         // Emptied: only the text file goes.

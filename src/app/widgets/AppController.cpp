@@ -2,11 +2,19 @@
 
 #include "FirstRunPanel.h"
 #include "MainWindow.h"
+#include "app/AppPaths.h"
 #include "app/NotificationCenter.h"
 #include "app/Notifications.h"
 #include "app/UserDefaults.h"
+#include "editor/widgets/EditorCommands.h"
+#include "editor/widgets/OneClickStyleEditorController.h"
+#include "editor/widgets/Vellox_EnhancedTextView.h"
 #include "library/NotebookRegistry.h"
+#include "library/widgets/EntryController.h"
 #include "render/MarkupLanguage.h"
+#include "render/widgets/CSSStykeController.h"
+#include "render/widgets/PreviewController.h"
+#include "render/widgets/PreviewView.h"
 #include "widgets/NotebookSideBar.h"
 
 #include <QAction>
@@ -17,9 +25,11 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
+#include <QMenuBar>
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QStackedWidget>
 
 namespace {
 const QString kPopUpFont = QStringLiteral("Helvetica Neue");
@@ -61,15 +71,13 @@ bool AppController::awakeFromNib()
     }
     if (m_defaults.boolForKey(QStringLiteral("USEBLACKDOCUMENT")))
         setupDarkDocument();
-
-    QPlainTextEdit *editor = m_window->editor();
-    editor->setPlaceholderText(qtTrId("EDITOR_HINT_NO_ENTRY"));
-    editor->setReadOnly(true);
-    editor->setContentsMargins(0, 4, 0, 4);
+    buildEditor();
 
     if (!m_registry->exists() && !runFirstRunPanel())
         return false;
 
+    buildEntriesAndPreview();
+    buildMenus();
     wireWindow();
     observeNotifications();
     m_fullscreenActive = false;
@@ -82,23 +90,177 @@ void AppController::setupDarkDocument()
     m_window->applyDarkAppearance(true);
 }
 
+void AppController::buildEditor()
+{
+    m_editor = new Vellox_EnhancedTextView;
+    m_window->setEditor(m_editor);
+    // Only a selected or newly titled entry makes the editor writable.
+    m_editor->setEditable(false);
+    m_editor->setPlaceholderText(qtTrId("EDITOR_HINT_NO_ENTRY"));
+}
+
+void AppController::buildEntriesAndPreview()
+{
+    m_entries = new EntryController(m_editor, m_window->titleField(), m_window->entryList(),
+                                    m_window->wordCounter(), this);
+    // Closing the window saves; activation changes run the return-to-window checks.
+    m_entries->attachToWindow(m_window);
+    connect(this, &AppController::currentNotebookChanged, m_entries,
+            [this](const QString &path) { m_entries->setNotebookPath(path, false); });
+
+    m_preview = new PreviewController(this);
+    m_preview->setEditorTextProvider([this] { return m_editor->string(); });
+    m_preview->setSelectedEntryPathProvider([this] { return selectedEntryPath(); });
+    m_window->setPreviewWidget(m_preview->view());
+    m_preview->setContentStack(m_window->contentStack(), m_editor);
+    connect(m_entries, &EntryController::previewShouldRender, m_preview,
+            &PreviewController::renderText);
+    connect(m_entries, &EntryController::previewShouldBlank, m_preview, &PreviewController::blank);
+
+    // The style panel selects and stores the chosen style as soon as it exists, which
+    // rebuilds the preview once; the providers above are in place by then.
+    m_cssStyles = new CSSStykeController(m_window);
+}
+
+QString AppController::selectedEntryPath() const
+{
+    if (!m_entries || m_entries->selectedRow() < 0)
+        return QString();
+    return AppPaths::expandTilde(m_myPersonalSavePath + m_entries->selectedFileName());
+}
+
+QString AppController::loadedString() const
+{
+    return m_entries ? m_entries->loadedString() : QString();
+}
+
+void AppController::buildMenus()
+{
+    QMenu *edit = m_window->editMenu();
+    edit->addAction(m_editor->createUndoAction(edit));
+    edit->addAction(m_editor->createRedoAction(edit));
+    edit->addSeparator();
+    struct Standard
+    {
+        const char *key;
+        const char *tip;
+        QKeySequence::StandardKey shortcut;
+        std::function<void()> run;
+    };
+    const QList<Standard> standard = {
+        {"MENU_CUT", "MENU_CUT_TIP", QKeySequence::Cut, [this] { m_editor->cut(); }},
+        {"MENU_COPY", "MENU_COPY_TIP", QKeySequence::Copy, [this] { m_editor->copy(); }},
+        {"MENU_PASTE", "MENU_PASTE_TIP", QKeySequence::Paste, [this] { m_editor->paste(); }},
+        {"MENU_SELECT_ALL", "MENU_SELECT_ALL_TIP", QKeySequence::SelectAll,
+         [this] { m_editor->selectAll(); }},
+    };
+    for (const Standard &item : standard) {
+        // The editor handles these keys itself; the menu items are for the mouse.
+        QAction *action = edit->addAction(qtTrId(item.key));
+        action->setShortcut(item.shortcut);
+        action->setShortcutContext(Qt::WidgetShortcut);
+        action->setToolTip(qtTrId(item.tip));
+        connect(action, &QAction::triggered, this, item.run);
+    }
+
+    m_editorCommands = new EditorCommands(this);
+    m_editorCommands->setTextView(m_editor);
+    QMenu *format = m_window->formatMenu();
+    format->addSeparator();
+    format->addActions(m_editorCommands->markupActions());
+    format->addSeparator();
+    format->addActions(m_editorCommands->cleanUpActions());
+    format->addSeparator();
+    QAction *tabActions = format->addAction(qtTrId("MENU_TAB_ACTIONS"));
+    tabActions->setToolTip(qtTrId("MENU_TAB_ACTIONS_TIP"));
+    connect(tabActions, &QAction::triggered, this, &AppController::showTabActionEditor);
+
+    auto *text = new QMenu(qtTrId("MENU_TEXT"), m_window);
+    m_window->menuBar()->insertMenu(m_window->viewMenu()->menuAction(), text);
+    text->addActions(m_editorCommands->lineCommandActions());
+
+    QMenu *view = m_window->viewMenu();
+    QAction *showEditor = view->addAction(qtTrId("MENU_SHOW_EDITOR"));
+    showEditor->setShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+E")));
+    showEditor->setToolTip(qtTrId("EDIT_MODE_TIP"));
+    connect(showEditor, &QAction::triggered, this, &AppController::showEditorView);
+    QAction *showPreview = view->addAction(qtTrId("MENU_SHOW_PREVIEW"));
+    showPreview->setShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+P")));
+    showPreview->setToolTip(qtTrId("PREVIEW_MODE_TIP"));
+    connect(showPreview, &QAction::triggered, this, &AppController::showPreviewView);
+    QAction *attachments = view->addAction(qtTrId("MENU_SHOW_ATTACHMENTS"));
+    attachments->setCheckable(true);
+    attachments->setToolTip(qtTrId("ATTACHMENTS_BUTTON_TIP"));
+    connect(attachments, &QAction::toggled, m_window, &MainWindow::setAttachmentAreaVisible);
+    connect(m_window->attachmentButton(), &QToolButton::toggled, attachments, &QAction::setChecked);
+    view->addSeparator();
+    QAction *styles = view->addAction(qtTrId("MENU_PREVIEW_STYLES"));
+    styles->setShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+S")));
+    styles->setToolTip(qtTrId("STYLES_BUTTON_TIP"));
+    connect(styles, &QAction::triggered, this, &AppController::showCSSStyleSelectorHudPanel);
+}
+
+void AppController::showEditorView()
+{
+    m_window->showEditor();
+    m_preview->contentViewSegmentChanged(0);
+    m_editor->setFocus();
+}
+
+void AppController::showPreviewView()
+{
+    m_window->showPreview();
+    m_preview->contentViewSegmentChanged(1);
+}
+
+void AppController::reloadPreviewWithNewCSSStyle()
+{
+    m_preview->reloadPreviewWithNewCSSStyle();
+}
+
+void AppController::showCSSStyleSelectorHudPanel()
+{
+    m_cssStyles->showCSSStyleSelectorHudPanel();
+}
+
+OneClickStyleEditorController *AppController::tabActionEditor()
+{
+    if (!m_tabActionEditor)
+        m_tabActionEditor = new OneClickStyleEditorController(m_window);
+    return m_tabActionEditor;
+}
+
+void AppController::showTabActionEditor()
+{
+    tabActionEditor()->showWindow();
+}
+
 void AppController::wireWindow()
 {
     connect(m_window->notebookPopUp(), &QComboBox::activated, this,
             [this](int index) { selectDiary(index); });
     connect(m_window->sideBar(), &NotebookSideBar::didSelectButton, this,
             &AppController::sideBarDidSelectButton);
-    connect(m_window, &MainWindow::activationChanged, this, [this](bool active) {
-        if (active)
-            windowDidBecomeMain();
-        else
-            windowDidResignMain();
-    });
-    connect(m_window->editModeButton(), &QToolButton::clicked, m_window, &MainWindow::showEditor);
-    connect(m_window->previewModeButton(), &QToolButton::clicked, m_window,
-            &MainWindow::showPreview);
+    connect(m_window->editModeButton(), &QToolButton::clicked, this,
+            &AppController::showEditorView);
+    connect(m_window->previewModeButton(), &QToolButton::clicked, this,
+            &AppController::showPreviewView);
+    connect(m_window->styleButton(), &QToolButton::clicked, this,
+            &AppController::showCSSStyleSelectorHudPanel);
     connect(m_window->attachmentButton(), &QToolButton::toggled, m_window,
             &MainWindow::setAttachmentAreaVisible);
+    // A new entry starts with its title: empty the field and let the user type one.
+    connect(m_window->addEntryButton(), &QToolButton::clicked, this, [this] {
+        m_entries->flushPendingSave();
+        m_window->titleField()->clear();
+        m_window->titleField()->setFocus();
+    });
+    connect(m_window->titleField(), &QLineEdit::returnPressed, this, [this] {
+        if (m_editor->isEditable())
+            m_editor->setFocus();
+    });
+    // Deleting entries arrives with the entry operations.
+    m_window->removeEntryButton()->setEnabled(false);
     for (int number = 1; number <= MarkupLanguage::Count; ++number) {
         QAction *action = m_window->markupLanguageAction(MarkupLanguage::menuTag(number));
         connect(action, &QAction::triggered, this,
@@ -111,8 +273,8 @@ void AppController::observeNotifications()
     NotificationCenter &center = NotificationCenter::defaultCenter();
     center.addObserver(this, Notifications::DiaryCollectionUpdated,
                        [this](const Notification &) { diaryMenuInitFromNotification(); });
-    center.addObserver(this, Notifications::ReloadFilesForSelectedNoticeBlock,
-                       [this](const Notification &) { loadFilesForSelectedNoticeBlock(); });
+    // The entry controller observes the relist notification and the change notice itself;
+    // the preview controller observes the style change.
 }
 
 void AppController::startTheGame()
@@ -246,8 +408,9 @@ void AppController::diaryMenuInitFromNotification()
 
 void AppController::selectDiary(int index)
 {
-    if (m_beforeNotebookChange)
-        m_beforeNotebookChange();
+    // The open entry's pending edits belong to the notebook we are leaving.
+    if (m_entries)
+        m_entries->flushPendingSave();
     QComboBox *popUp = m_window->notebookPopUp();
     int n = index;
     if (n < 0) {
@@ -257,8 +420,7 @@ void AppController::selectDiary(int index)
     m_myPersonalSavePath = m_registry->savePathForIndex(n);
     m_securityScopeBookmarkData =
         m_registry->record(n).value(NotebookRegistry::SecUrlKey).toByteArray();
-    Q_EMIT editorShouldReset();
-    m_window->titleField()->clear();
+    resetEditorForNotebookChange();
     applyCurrentNotebookTitle(n);
     diaryMenuInit();
     loadFilesForSelectedNoticeBlock();
@@ -272,8 +434,9 @@ void AppController::selectDiary(int index)
 
 void AppController::sideBarDidSelectButton(int row)
 {
-    if (m_beforeNotebookChange)
-        m_beforeNotebookChange();
+    // The open entry's pending edits belong to the notebook we are leaving.
+    if (m_entries)
+        m_entries->flushPendingSave();
     QComboBox *popUp = m_window->notebookPopUp();
     int n = row;
     if (row > kSideBarRows - 1)
@@ -284,8 +447,7 @@ void AppController::sideBarDidSelectButton(int row)
     m_myPersonalSavePath = m_registry->savePathForIndex(n);
     m_securityScopeBookmarkData =
         m_registry->record(n).value(NotebookRegistry::SecUrlKey).toByteArray();
-    Q_EMIT editorShouldReset();
-    m_window->titleField()->clear();
+    resetEditorForNotebookChange();
     applyCurrentNotebookTitle(n);
     diaryMenuInit();
     loadFilesForSelectedNoticeBlock();
@@ -308,15 +470,30 @@ void AppController::prepareToSelectSideNavigationWithIndex(int index)
     stopSecurityScopeSandBox();
 }
 
-void AppController::loadFilesForSelectedNoticeBlock()
+void AppController::resetEditorForNotebookChange()
 {
-    if (m_relist)
-        m_relist();
+    if (m_preview)
+        m_preview->blank();
+    m_window->titleField()->clear();
 }
 
-void AppController::windowDidBecomeMain() {}
+void AppController::loadFilesForSelectedNoticeBlock()
+{
+    if (m_entries)
+        m_entries->loadFilesForSelectedNoticeBlock();
+}
 
-void AppController::windowDidResignMain() {}
+void AppController::windowDidBecomeMain()
+{
+    if (m_entries)
+        m_entries->windowDidBecomeMain();
+}
+
+void AppController::windowDidResignMain()
+{
+    if (m_entries)
+        m_entries->windowDidResignMain();
+}
 
 void AppController::selectMarkupLanguage(QAction *item)
 {

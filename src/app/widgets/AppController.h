@@ -15,9 +15,15 @@
 #include "FirstRunPanel.h"
 #include "MainWindow.h"
 
+class CSSStykeController;
+class EditorCommands;
+class EntryController;
 class NotebookRegistry;
+class OneClickStyleEditorController;
+class PreviewController;
 class QAction;
 class UserDefaults;
+class Vellox_EnhancedTextView;
 
 // The main window's controller: the current notebook, the notebook menus and side bar,
 // first-run set-up, and what happens when the window comes and goes. Entry listing,
@@ -36,11 +42,17 @@ public:
 
     MainWindow *window() const { return m_window; }
     NotebookRegistry &registry() const { return *m_registry; }
+    EntryController *entries() const { return m_entries; }
+    PreviewController *preview() const { return m_preview; }
+    Vellox_EnhancedTextView *editor() const { return m_editor; }
+    EditorCommands *editorCommands() const { return m_editorCommands; }
+    CSSStykeController *cssStyles() const { return m_cssStyles; }
+    OneClickStyleEditorController *tabActionEditor();
 
     // Accessors of the window state.
     QString myPersonalSavePath() const { return m_myPersonalSavePath; }
     QByteArray securityScopeBookmarkData() const { return m_securityScopeBookmarkData; }
-    QString loadedString() const { return m_loadedString; }
+    QString loadedString() const;
     bool fullscreen() const { return m_fullscreenActive; }
 
     // Access to the current notebook folder; nothing to open on this platform.
@@ -57,8 +69,15 @@ public:
     static QImage convertImageToGrayScale(const QImage &image);
     static QImage notebookIcon(const QString &folder, int size);
 
-    // Entry listing (filled in by the entry controller).
+    // Entry listing, loading and saving live in the entry controller.
     void loadFilesForSelectedNoticeBlock();
+
+    // Preview and styles.
+    void reloadPreviewWithNewCSSStyle();
+    void showCSSStyleSelectorHudPanel();
+    void showEditorView();
+    void showPreviewView();
+    void showTabActionEditor();
 
     // Return to and leaving of the window.
     void windowDidBecomeMain();
@@ -79,28 +98,32 @@ public:
     void selectMarkupLanguage(QAction *item);
     void tickCurrentMarkupLanguage();
 
-    // Lets the notebook-changing paths finish pending work first (a save in progress).
-    void setBeforeNotebookChange(std::function<void()> hook) { m_beforeNotebookChange = hook; }
-    void setListingHooks(std::function<void()> relist) { m_relist = relist; }
-
 Q_SIGNALS:
     void currentNotebookChanged(const QString &path);
-    void editorShouldReset();
 
 private:
     void applyCurrentNotebookTitle(int index);
     void observeNotifications();
     bool runFirstRunPanel();
     void setupDarkDocument();
+    void buildEditor();
+    void buildEntriesAndPreview();
+    void buildMenus();
     void wireWindow();
+    void resetEditorForNotebookChange();
+    QString selectedEntryPath() const;
 
     UserDefaults &m_defaults;
     NotebookRegistry *m_registry;
     QPointer<MainWindow> m_window;
     QPointer<FirstRunPanel> m_firstRunPanel;
     QTimer m_menuRebuildTimer;
-    std::function<void()> m_beforeNotebookChange;
-    std::function<void()> m_relist;
+    Vellox_EnhancedTextView *m_editor = nullptr;
+    EditorCommands *m_editorCommands = nullptr;
+    EntryController *m_entries = nullptr;
+    PreviewController *m_preview = nullptr;
+    CSSStykeController *m_cssStyles = nullptr;
+    QPointer<OneClickStyleEditorController> m_tabActionEditor;
 
     // Window state.
     QVariantList m_theContents;
@@ -108,7 +131,6 @@ private:
     QByteArray m_securityScopeBookmarkData;
     QUrl m_securityScopeUrl;
     QString m_firstRun_DiaryNameString;
-    QString m_loadedString;
     QList<QObject *> m_editorWindows;
     bool m_fullscreenActive = false;
     bool m_firstRunCancelled = false;

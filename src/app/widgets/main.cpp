@@ -2,8 +2,8 @@
 #include "CollcetionViewCalendarAppDelegate.h"
 #include "MainWindow.h"
 #include "app/Localisation.h"
-#include "app/TerminationSignalWatcher.h"
 #include "app/UserDefaults.h"
+#include "library/TerminationSignalHandler.h"
 
 #include <QApplication>
 #include <QIcon>
@@ -35,11 +35,8 @@ int main(int argc, char *argv[])
     delegate.setAppController(&controller);
     delegate.applicationDidFinishLaunching();
 
-    TerminationSignalWatcher termination;
-    QObject::connect(&termination, &TerminationSignalWatcher::terminationRequested, &app, [] {
-        QApplication::closeAllWindows();
-        QApplication::quit();
-    });
+    // SIGTERM, SIGINT and SIGHUP end the app like Quit, so pending text is saved first.
+    TerminationSignalHandler termination(true);
 
     controller.window()->show();
     return app.exec();

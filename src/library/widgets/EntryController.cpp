@@ -396,7 +396,31 @@ void EntryController::onTitleChanged(const QString &title)
         return;
     // The edits so far belong to the entry under the old title.
     flushPendingSave();
+    if (title.isEmpty()) {
+        // No title, nowhere to save: back to the hint and the whole list.
+        m_entryRef = {};
+        m_openFileName.clear();
+        showHint();
+        {
+            const QScopedValueRollback guard(m_ignoreSelection, true);
+            m_list->selectionModel()->clearSelection();
+        }
+        m_list->scrollToTop();
+        return;
+    }
+    const bool startingNewEntry = !m_editor.isEditable();
     m_entryRef = {m_notebookPath, title, currentExtension()};
+    if (startingNewEntry) {
+        // A title typed while nothing is open starts a new entry: the hint must not become
+        // its first words.
+        m_openFileName.clear();
+        m_editor.setString(QString());
+        m_loadedString.clear();
+        m_editorDirty = false;
+        m_currentDocumentHasEdits = false;
+        m_editor.setEditable(true);
+        updateWordAndCharCounter();
+    }
 }
 
 void EntryController::tableViewSelectionDidChange()
@@ -483,18 +507,8 @@ void EntryController::tableViewSelectionDidChange()
                                              {{Notifications::NewDateStringKey, title}});
     m_currentDocumentHasEdits = false;
     m_editorDirty = false;
-    Q_EMIT previewShouldRender(m_editor.string(), previewBaseUrl(path, bundlePath));
+    Q_EMIT previewShouldRender(m_editor.string(), path);
     Q_EMIT spellingShouldBeChecked();
-}
-
-QUrl EntryController::previewBaseUrl(const QString &textPath, const QString &bundlePath) const
-{
-    if (!bundlePath.isEmpty())
-        return QUrl::fromLocalFile(bundlePath + QLatin1Char('/'));
-    const QFileInfo info(textPath);
-    const QString name = info.fileName();
-    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
-    return QUrl::fromLocalFile(info.path() + QLatin1Char('/') + (dot < 0 ? name : name.left(dot)));
 }
 
 // ---- saving ----------------------------------------------------------------------------------
@@ -662,7 +676,7 @@ void EntryController::windowDidBecomeMain()
                 m_editorDirty = false;
                 updateWordAndCharCounter();
                 m_editor.setSelectedRange(location, length);
-                Q_EMIT previewShouldRender(text, previewBaseUrl(path, bundlePath));
+                Q_EMIT previewShouldRender(text, path);
             }
         }
     }

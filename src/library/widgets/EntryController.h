@@ -87,7 +87,8 @@ public Q_SLOTS:
     void windowDidResignMain();
 
 Q_SIGNALS:
-    void previewShouldRender(const QString &text, const QUrl &baseUrl);
+    // The text and the path of the file it came from (inside the bundle for a TextBundle).
+    void previewShouldRender(const QString &text, const QString &entryPath);
     void previewShouldBlank();
     void spellingShouldBeChecked();
     // After a save (path of the text file written, or deleted when the text was empty).
@@ -120,7 +121,6 @@ private:
     void applyDisplayList(const EntryDisplayList &list, bool reset);
     void rebuildDisplayRowsInBackground();
     void showHint();
-    QUrl previewBaseUrl(const QString &textPath, const QString &bundlePath) const;
 
     EntryEditorAdapter m_editor;
     QPointer<QPlainTextEdit> m_editorView;

@@ -1,5 +1,7 @@
 #include "EntryListDelegate.h"
 
+#include <QWidget>
+
 #include "library/EntryListModel.h"
 
 #include <QApplication>
@@ -72,7 +74,10 @@ void EntryListDelegate::paint(QPainter *painter, const QStyleOptionViewItem &opt
 QSize EntryListDelegate::sizeHint(const QStyleOptionViewItem &option,
                                   const QModelIndex &index) const
 {
+    // The row height is reckoned in points, like the fonts; the screen counts pixels.
     const QSize hint = index.data(Qt::SizeHintRole).toSize();
+    const qreal dpi = option.widget ? option.widget->logicalDpiY() : 96.0;
+    const int height = qRound(hint.height() * dpi / 72.0);
     const int minimum = QFontMetrics(titleFont(12)).lineSpacing() + 4;
-    return QSize(option.rect.width() > 0 ? option.rect.width() : 200, qMax(minimum, hint.height()));
+    return QSize(option.rect.width() > 0 ? option.rect.width() : 200, qMax(minimum, height));
 }
