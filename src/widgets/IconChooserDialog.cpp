@@ -8,12 +8,14 @@
 #include <QDir>
 #include <QIcon>
 #include <QPushButton>
+#include <QStandardPaths>
 #include <QVBoxLayout>
 
 IconChooserDialog::IconChooserDialog(QWidget *parent)
     : QDialog(parent)
     , m_list(new QListWidget(this))
 {
+    ensureIconTheme();
     setWindowTitle(qtTrId("PREFERENCES_ICON_CHOOSER_TITLE"));
     setAccessibleName(windowTitle());
     m_list->setViewMode(QListView::IconMode);
@@ -49,6 +51,25 @@ IconChooserDialog::IconChooserDialog(QWidget *parent)
     layout->addWidget(m_list);
     layout->addWidget(buttons);
     resize(520, 420);
+}
+
+void IconChooserDialog::ensureIconTheme()
+{
+    if (!QIcon::fromTheme(QStringLiteral("folder")).isNull())
+        return;
+    // Without a desktop session Qt may know neither the system's icon folders nor a theme;
+    // Adwaita is the theme every Debian desktop has.
+    QStringList paths = QIcon::themeSearchPaths();
+    const QStringList dataDirs =
+        QStandardPaths::standardLocations(QStandardPaths::GenericDataLocation);
+    for (const QString &dir : dataDirs) {
+        const QString icons = dir + QStringLiteral("/icons");
+        if (!paths.contains(icons) && QDir(icons).exists())
+            paths << icons;
+    }
+    QIcon::setThemeSearchPaths(paths);
+    if (QIcon::fromTheme(QStringLiteral("folder")).isNull())
+        QIcon::setThemeName(QStringLiteral("Adwaita"));
 }
 
 QStringList IconChooserDialog::offeredIconNames()

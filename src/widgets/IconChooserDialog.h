@@ -11,6 +11,8 @@ class IconChooserDialog : public QDialog
 public:
     explicit IconChooserDialog(QWidget *parent = nullptr);
     static QStringList offeredIconNames();
+    // Makes sure themed icons resolve even outside a desktop session.
+    static void ensureIconTheme();
     QListWidget *list() const { return m_list; }
     // Writes the chosen icon as PNG and posts the notification; returns the file's path.
     QString chooseIcon(const QString &iconName);

@@ -6,6 +6,7 @@
 #include "library/NotebookRegistry.h"
 #include "support/TestHome.h"
 #include "widgets/Alert.h"
+#include "widgets/IconChooserDialog.h"
 
 #include <QComboBox>
 #include <QLabel>
@@ -184,6 +185,23 @@ private Q_SLOTS:
         QCOMPARE(prefs.selector()->currentText(), QString("b"));
         QCOMPARE(model->rowCount(), 4);
         QCOMPARE(model->index(2, 0).data().toString(), QString("a"));
+    }
+
+    void themeIconChooserFillsTheIconWell()
+    {
+        UserDefaults &d = UserDefaults::standard();
+        NotebookRegistry(d).store(notebooks({"Diary"}, m_root->path()));
+        PreferencesController prefs(d);
+        QVERIFY(prefs.iconWellImage().isNull());
+        IconChooserDialog chooser;
+        QVERIFY2(chooser.list()->count() >= 10, "the desktop icon theme offers too few icons");
+        const QString name = chooser.list()->item(0)->data(Qt::UserRole).toString();
+        const QString file = chooser.chooseIcon(name);
+        QVERIFY(QImage(file).width() >= 64);
+        // The chooser's notification reaches the preferences, which show the icon.
+        QVERIFY(!prefs.iconWellImage().isNull());
+        prefs.diarySaveChangeForSelected();
+        QVERIFY(QFile::exists(m_root->path() + "/Diary/.DiaryIcon.png"));
     }
 
 private:

@@ -15,6 +15,7 @@
 #include "render/widgets/CSSStykeController.h"
 #include "render/widgets/PreviewController.h"
 #include "render/widgets/PreviewView.h"
+#include "widgets/IconChooserDialog.h"
 #include "widgets/NotebookSideBar.h"
 
 #include <QAction>
@@ -64,6 +65,7 @@ AppController::~AppController()
 
 bool AppController::awakeFromNib()
 {
+    IconChooserDialog::ensureIconTheme();
     m_window = new MainWindow;
     if (m_defaults.boolForKey(QStringLiteral("DocklessWindowMode"))) {
         // No taskbar entry: the window is reached from the tray item instead.
