@@ -6,6 +6,7 @@
 #include "app/UserDefaults.h"
 #include "library/NotebookRegistry.h"
 #include "widgets/Alert.h"
+#include "widgets/FolderChooser.h"
 #include "widgets/IconChooserDialog.h"
 
 #include <QComboBox>
@@ -257,17 +258,8 @@ void PreferencesController::diaryDdeleteSelected()
 
 void PreferencesController::diaryChangeLocation()
 {
-    auto *dialog =
-        new QFileDialog(m_window, qtTrId("PREFERENCES_SELECT_DIARY_SAVEDESTIONATION_TITLE"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::Directory);
-    dialog->setOption(QFileDialog::ShowDirsOnly, true);
-    dialog->setLabelText(QFileDialog::Accept, qtTrId("BUTTON_CHOOSE"));
-    dialog->setToolTip(qtTrId("PREFERENCES_SELECT_DIARY_SAVEDESTIONATION_MESSAGE"));
-    dialog->setAccessibleName(dialog->windowTitle());
-    dialog->setWindowModality(Qt::WindowModal);
-    connect(dialog, &QFileDialog::fileSelected, this, &PreferencesController::applyChosenLocation);
-    dialog->open();
+    FolderChooser::open(m_window, this,
+                        [this](const QString &folder) { applyChosenLocation(folder); });
 }
 
 void PreferencesController::applyChosenLocation(const QString &folder)
