@@ -56,24 +56,39 @@ void UserDefaults::resetStandard()
     g_standard.reset();
 }
 
-// A settings file QSettings cannot parse is set aside rather than overwritten, so the notebook
-// list in it can still be recovered by hand; the app starts with what QSettings could read.
+// A settings file that is damaged is copied aside before anything is written back, so the
+// notebook list in it can still be recovered by hand; the app starts with what QSettings
+// could read. QSettings skips lines it cannot parse without saying so, hence our own look.
 void UserDefaults::checkReadable()
 {
     const QString path = m_settings->fileName();
-    QFileInfo info(path);
-    if (info.exists() && !info.isReadable()) {
-        qWarning().noquote() << "ERROR: settings file is not readable:" << path;
+    QFile file(path);
+    if (!file.exists())
+        return;
+    if (!file.open(QIODevice::ReadOnly)) {
+        qWarning().noquote() << "ERROR: settings file" << path
+                             << "cannot be read; starting with the defaults:" << file.errorString();
         return;
     }
-    if (m_settings->status() == QSettings::FormatError) {
-        const QString backup =
-            path + QStringLiteral(".unreadable-") +
-            QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-        QFile::copy(path, backup);
-        qWarning().noquote() << "ERROR: settings file" << path
-                             << "could not be parsed completely; a copy was kept at" << backup;
+    const QByteArray content = file.readAll();
+    int damagedLines = 0;
+    for (QByteArray line : content.split('\n')) {
+        line = line.trimmed();
+        if (line.isEmpty() || line.startsWith(';') || line.startsWith('#') ||
+            (line.startsWith('[') && line.endsWith(']')))
+            continue;
+        if (!line.contains('='))
+            ++damagedLines;
     }
+    const bool nothingRead = !content.trimmed().isEmpty() && m_settings->allKeys().isEmpty();
+    if (m_settings->status() != QSettings::FormatError && damagedLines == 0 && !nothingRead)
+        return;
+    const QString backup = path + QStringLiteral(".damaged-") +
+                           QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
+    QFile::copy(path, backup);
+    qWarning().noquote() << "ERROR: settings file" << path << "is damaged (" << damagedLines
+                         << "unreadable lines); using what could be read, the original is kept at"
+                         << backup;
 }
 
 QList<QPair<QString, QVariant>> UserDefaults::defaultsTable()

@@ -76,13 +76,22 @@ private Q_SLOTS:
         QDir().mkpath(QFileInfo(path).path());
         QFile file(path);
         QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write("[General]\nTextViewFontSize=20\n\x01\x02 garbage = = [[[\n"
+        file.write("[General]\nTextViewFontSize=20\n\x01\x02 garbage [[[\n"
                    "[DiarySaveDestinations]\n1\\DiaryName=Diary\n1\\DiaryDocumentPath=/tmp/d\n"
                    "size=1\n");
         file.close();
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^ERROR: settings file .* damaged"));
         UserDefaults &d = UserDefaults::standard();
         QCOMPARE(d.integerForKey("TextViewFontSize"), 20);
         QCOMPARE(d.recordsForKey("DiarySaveDestinations").size(), 1);
+        // The damaged original survives the next write for recovery by hand.
+        d.setInteger("TextViewFontSize", 21);
+        const QStringList copies =
+            QDir(QFileInfo(path).path()).entryList({"Vellox.conf.damaged-*"}, QDir::Files);
+        QCOMPARE(copies.size(), 1);
+        QFile copy(QFileInfo(path).path() + "/" + copies.first());
+        QVERIFY(copy.open(QIODevice::ReadOnly));
+        QVERIFY(copy.readAll().contains("garbage"));
     }
 
     void notificationsCarryObjectAndUserInfo()
