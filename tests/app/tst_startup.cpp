@@ -200,6 +200,10 @@ private Q_SLOTS:
         QVERIFY(QTest::qWaitForWindowExposed(window));
         QVERIFY(window->editor()->isReadOnly());
         QCOMPARE(window->editor()->placeholderText(), QString("Enter a title to write a note"));
+        // A slash cannot get into a title: it would hide the entry in a subfolder.
+        QTest::keyClicks(window->titleField(), "June/July");
+        QCOMPARE(window->titleField()->text(), QString("JuneJuly"));
+        window->titleField()->clear();
         // Every visible control can be found by a screen reader.
         const auto widgets = window->findChildren<QWidget *>();
         for (QWidget *w : widgets) {

@@ -126,9 +126,18 @@ void AppController::buildEntriesAndPreview()
 
 QString AppController::selectedEntryPath() const
 {
-    if (!m_entries || m_entries->selectedRow() < 0)
+    if (!m_entries)
         return QString();
-    return AppPaths::expandTilde(m_myPersonalSavePath + m_entries->selectedFileName());
+    if (m_entries->selectedRow() >= 0)
+        return AppPaths::expandTilde(m_myPersonalSavePath + m_entries->selectedFileName());
+    // An entry being written need not be selected (a relist never selects the top row by
+    // name); the preview still belongs to it.
+    const QString title = m_window->titleField()->text();
+    if (title.isEmpty() || !m_editor->isEditable())
+        return QString();
+    return AppPaths::expandTilde(
+        m_myPersonalSavePath + title + QLatin1Char('.') +
+        m_defaults.stringForKey(QStringLiteral("defaultFileExtensionForEntries")));
 }
 
 QString AppController::loadedString() const

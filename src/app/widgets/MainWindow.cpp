@@ -14,6 +14,7 @@
 #include <QListView>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QRegularExpressionValidator>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QToolButton>
@@ -58,6 +59,10 @@ MainWindow::MainWindow(QWidget *parent)
     titleFont.setPointSize(17);
     m_titleField->setFont(titleFont);
     m_titleField->setClearButtonEnabled(true);
+    // The title is the entry's file name: a slash would put the entry into a subfolder where
+    // the list never shows it.
+    m_titleField->setValidator(
+        new QRegularExpressionValidator(QRegularExpression(QStringLiteral("[^/]*")), m_titleField));
 
     m_entryList->setObjectName(QStringLiteral("entryList"));
     m_entryList->setAccessibleName(text("ENTRY_LIST_NAME"));

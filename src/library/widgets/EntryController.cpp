@@ -78,8 +78,11 @@ EntryController::EntryController(QPlainTextEdit *editor, QLineEdit *titleField,
     connect(m_titleField, &QLineEdit::textChanged, this, &EntryController::onTitleChanged);
     // A keystroke counts as unsaved at once, before the editor's own announcement.
     connect(editor, &QPlainTextEdit::textChanged, this, [this] {
-        if (!m_editor.isSettingString())
+        if (!m_editor.isSettingString()) {
             m_editorDirty = true;
+            // Written in, it is the user's entry now and keeps its text like any other.
+            m_openedByTitle = false;
+        }
     });
 
     connect(&m_rebuild, &QFutureWatcher<EntryDisplayList>::finished, this, [this] {
@@ -158,6 +161,7 @@ void EntryController::prepareNewEntry(const QString &title)
         m_list->selectionModel()->clearSelection();
     }
     m_entryRef = {m_notebookPath, title, currentExtension()};
+    m_openedByTitle = false;
     m_openFileName.clear();
     m_editor.setString(QString());
     m_editor.setEditable(true);
@@ -218,6 +222,7 @@ void EntryController::loadFilesForSelectedNoticeBlock()
         m_titleField->clear();
     }
     m_entryRef = {};
+    m_openedByTitle = false;
     m_openFileName.clear();
     m_saveTimer.stop();
     m_currentDocumentHasEdits = false;
@@ -399,8 +404,10 @@ void EntryController::onTitleChanged(const QString &title)
     if (title.isEmpty()) {
         // No title, nowhere to save: back to the hint and the whole list.
         m_entryRef = {};
+        m_openedByTitle = false;
         m_openFileName.clear();
         showHint();
+        updateWordAndCharCounter();
         {
             const QScopedValueRollback guard(m_ignoreSelection, true);
             m_list->selectionModel()->clearSelection();
@@ -408,8 +415,27 @@ void EntryController::onTitleChanged(const QString &title)
         m_list->scrollToTop();
         return;
     }
-    const bool startingNewEntry = !m_editor.isEditable();
+    // A title that names an entry opens it: words typed next go into it, never over it.
+    const QString fileName = title + QLatin1Char('.') + currentExtension();
+    int row = int(m_listofFiles.indexOf(fileName));
+    if (row < 0 && QFileInfo::exists(AppPaths::expandTilde(m_notebookPath + fileName))) {
+        relistKeepingSelectedFile();
+        row = int(m_listofFiles.indexOf(fileName));
+    }
+    if (row >= 0 && fileName != m_openFileName) {
+        selectRow(row);
+        m_openedByTitle = true;
+        return;
+    }
+    // Typing on past such a title starts the new entry afresh, without the opened one's text.
+    const bool leavingOpenedEntry = m_openedByTitle;
+    m_openedByTitle = false;
+    const bool startingNewEntry = !m_editor.isEditable() || leavingOpenedEntry;
     m_entryRef = {m_notebookPath, title, currentExtension()};
+    if (leavingOpenedEntry) {
+        const QScopedValueRollback guard(m_ignoreSelection, true);
+        m_list->selectionModel()->clearSelection();
+    }
     if (startingNewEntry) {
         // A title typed while nothing is open starts a new entry: the hint must not become
         // its first words.
@@ -425,6 +451,7 @@ void EntryController::onTitleChanged(const QString &title)
 
 void EntryController::tableViewSelectionDidChange()
 {
+    m_openedByTitle = false;
     if (hasUnsavedText()) {
         const QString target = selectedFileName();
         {
@@ -515,6 +542,12 @@ void EntryController::tableViewSelectionDidChange()
 
 void EntryController::textHasChangedAndShouldBeSaved()
 {
+    // The editor announces a change 0.1 s late; when those words were saved meanwhile (the
+    // title changed, the window closed) a save now would copy them under the new title.
+    if (!m_editorDirty && m_editor.string() == m_loadedString) {
+        updateWordAndCharCounter();
+        return;
+    }
     m_currentDocumentHasEdits = true;
     updateWordAndCharCounter();
     m_saveTimer.start();
@@ -694,6 +727,9 @@ void EntryController::windowDidBecomeMain()
 
 void EntryController::windowDidResignMain()
 {
+    // Words typed just before switching away go to disk now: whatever another program does
+    // to the file meanwhile is then reloaded on return, instead of being written over.
+    flushPendingSave();
     m_checkForFolderModificaion = true;
     m_folderLastModDateWhenLeaving =
         QFileInfo(AppPaths::expandTilde(m_notebookPath)).lastModified();

@@ -157,4 +157,6 @@ private:
     bool m_ignoreSelection = false;
     bool m_relisting = false;
     bool m_ignoreTitle = false;
+    // The open entry was opened by typing its title, not chosen in the list.
+    bool m_openedByTitle = false;
 };
