@@ -15,12 +15,12 @@
 #include "render/widgets/CSSStykeController.h"
 #include "render/widgets/PreviewController.h"
 #include "render/widgets/PreviewView.h"
+#include "widgets/FolderChooser.h"
 #include "widgets/IconChooserDialog.h"
 #include "widgets/NotebookSideBar.h"
 
 #include <QAction>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QLineEdit>
@@ -563,17 +563,8 @@ void AppController::checkIfOKButtonCanbeReleased()
 
 void AppController::firstRun_selectFirstDiarySavePath()
 {
-    auto *dialog =
-        new QFileDialog(m_firstRunPanel, qtTrId("PREFERENCES_SELECT_DIARY_SAVEDESTIONATION_TITLE"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::Directory);
-    dialog->setOption(QFileDialog::ShowDirsOnly, true);
-    dialog->setLabelText(QFileDialog::Accept, qtTrId("BUTTON_CHOOSE"));
-    dialog->setToolTip(qtTrId("PREFERENCES_SELECT_DIARY_SAVEDESTIONATION_MESSAGE"));
-    dialog->setAccessibleName(dialog->windowTitle());
-    dialog->setWindowModality(Qt::WindowModal);
-    connect(dialog, &QFileDialog::fileSelected, this, &AppController::firstRun_setFolder);
-    dialog->open();
+    FolderChooser::open(m_firstRunPanel, this,
+                        [this](const QString &folder) { firstRun_setFolder(folder); });
 }
 
 void AppController::firstRun_setFolder(const QString &folder)
