@@ -118,10 +118,6 @@ void AppController::buildEntriesAndPreview()
     connect(m_entries, &EntryController::previewShouldRender, m_preview,
             &PreviewController::renderText);
     connect(m_entries, &EntryController::previewShouldBlank, m_preview, &PreviewController::blank);
-
-    // The style panel selects and stores the chosen style as soon as it exists, which
-    // rebuilds the preview once; the providers above are in place by then.
-    m_cssStyles = new CSSStykeController(m_window);
 }
 
 QString AppController::selectedEntryPath() const
@@ -229,9 +225,18 @@ void AppController::reloadPreviewWithNewCSSStyle()
     m_preview->reloadPreviewWithNewCSSStyle();
 }
 
+CSSStykeController *AppController::cssStyles()
+{
+    // Built when first asked for: loading its list stores the selected style, and a launch
+    // that never opens the panel should leave the settings file as the user left it.
+    if (!m_cssStyles)
+        m_cssStyles = new CSSStykeController(m_window);
+    return m_cssStyles;
+}
+
 void AppController::showCSSStyleSelectorHudPanel()
 {
-    m_cssStyles->showCSSStyleSelectorHudPanel();
+    cssStyles()->showCSSStyleSelectorHudPanel();
 }
 
 OneClickStyleEditorController *AppController::tabActionEditor()

@@ -46,7 +46,7 @@ public:
     PreviewController *preview() const { return m_preview; }
     Vellox_EnhancedTextView *editor() const { return m_editor; }
     EditorCommands *editorCommands() const { return m_editorCommands; }
-    CSSStykeController *cssStyles() const { return m_cssStyles; }
+    CSSStykeController *cssStyles();
     OneClickStyleEditorController *tabActionEditor();
 
     // Accessors of the window state.
