@@ -11,6 +11,7 @@
 #include "render/MarkupLanguage.h"
 #include "render/widgets/CSSStykeController.h"
 #include "render/widgets/PreviewController.h"
+#include "support/TestHelpers.h"
 #include "support/TestHome.h"
 #include "widgets/Alert.h"
 #include "widgets/NotebookSideBar.h"
@@ -35,25 +36,6 @@
 // checks cross the entry, editor, preview and style controllers, which their own tests
 // cannot.
 namespace {
-
-void writeText(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY2(file.open(QIODevice::WriteOnly | QIODevice::Truncate), qPrintable(path));
-    file.write(bytes);
-}
-
-QByteArray readBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
-QStringList filesIn(const QString &folder)
-{
-    return QDir(folder).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot,
-                                  QDir::Name);
-}
 
 // The English text of an id, as the shipped table has it (not as the running app shows it,
 // which is what is being checked).
@@ -193,8 +175,8 @@ private Q_SLOTS:
                                      "title edit",      "window close", "new entry, then pop-up"};
         for (const QString &action : actions) {
             // Before the editor's 0.1 s announcement, and with the save already scheduled.
-            QTest::newRow(qPrintable(action + " at once")) << action << false;
-            QTest::newRow(qPrintable(action + " after announcement")) << action << true;
+            addRow(qPrintable(action + " at once"), action, false);
+            addRow(qPrintable(action + " after announcement"), action, true);
         }
     }
 
@@ -202,10 +184,11 @@ private Q_SLOTS:
     {
         QFETCH(QString, action);
         QFETCH(bool, announced);
-        writeText(m_first + "Alpha.txt", "Alpha text");
-        writeText(m_first + "Beta.txt", "Beta text");
-        writeText(m_second + "Gamma.txt", "Gamma text");
+        writeBytes(m_first + "Alpha.txt", "Alpha text");
+        writeBytes(m_first + "Beta.txt", "Beta text");
+        writeBytes(m_second + "Gamma.txt", "Gamma text");
         startApp();
+        QSignalSpy saved(entries(), &EntryController::entrySaved);
 
         QString entryFile = m_first + "Alpha.txt";
         QByteArray expected = "Alpha text and more words";
@@ -264,12 +247,13 @@ private Q_SLOTS:
         QCOMPARE(readBytes(m_first + "Beta.txt"), QByteArray("Beta text"));
         QCOMPARE(filesIn(m_second), QStringList{"Gamma.txt"});
         QCOMPARE(readBytes(m_second + "Gamma.txt"), QByteArray("Gamma text"));
+        QCOMPARE(saved.count(), 1); // the flush replaced the pending save, not added to it
     }
 
     void editMenuUndoesAnEngineStepInOneGo()
     {
-        writeText(m_first + "List.txt", "1. first");
-        writeText(m_first + "Other.txt", "Other text");
+        writeBytes(m_first + "List.txt", "1. first");
+        writeBytes(m_first + "Other.txt", "Other text");
         startApp();
         QMenu *edit = window()->editMenu();
         QAction *undo = edit->actions().value(0);
@@ -317,7 +301,7 @@ private Q_SLOTS:
 
     void previewFollowsEntryStyleAndLanguage()
     {
-        writeText(m_first + "Day one.txt", "Some *word* here");
+        writeBytes(m_first + "Day one.txt", "Some *word* here");
         startApp();
         PreviewController *preview = m_app->preview();
         CSSStykeController *styles = m_app->cssStyles();
@@ -369,9 +353,10 @@ private Q_SLOTS:
         QCOMPARE(window()->contentStack()->currentWidget(), static_cast<QWidget *>(editor()));
     }
 
-    void markupLanguageMenuStoresTheChoiceAndTicksOne()
+    void markupLanguageMenuStoresTicksAndDrivesTheFormatMenu()
     {
         defaults().setInteger("TypographyUseMarkupLanguage", 5);
+        writeBytes(m_first + "Alpha.txt", "one word");
         startApp();
         auto checkedTags = [this] {
             QList<int> tags;
@@ -382,9 +367,11 @@ private Q_SLOTS:
             return tags;
         };
         QCOMPARE(checkedTags(), QList<int>{905});
+        QCOMPARE(window()->markupLanguageAction(904)->text(), QString("BBCode"));
+        clickEntry("Alpha.txt");
 
         // Picking the ticked item again must leave it ticked.
-        for (const int number : {4, 7, 7, 2, 1}) {
+        for (const int number : {7, 7, 2, 1, 4}) {
             const int tag = MarkupLanguage::menuTag(number);
             clickMenuItem(window()->markupLanguageMenu(), window()->markupLanguageAction(tag));
             QCOMPARE(defaults().integerForKey("TypographyUseMarkupLanguage"), number);
@@ -400,6 +387,16 @@ private Q_SLOTS:
             QCOMPARE(checkedTags(), QList<int>{tag});
         }
 
+        // The open entry's Format menu bold now writes the chosen language's markup, and saves.
+        editor()->setFocus();
+        editor()->setSelectedRange(4, 4);
+        QAction *bold = m_app->editorCommands()->action(EditorCommands::InsertBoldTypeStyle);
+        QVERIFY(window()->formatMenu()->actions().contains(bold));
+        clickMenuItem(window()->formatMenu(), bold);
+        QCOMPARE(editor()->string(), QString("one [b]word[/b]"));
+        QTRY_COMPARE_WITH_TIMEOUT(readBytes(m_first + "Alpha.txt"), QByteArray("one [b]word[/b]"),
+                                  3000);
+
         // The next launch ticks the stored choice.
         defaults().setInteger("TypographyUseMarkupLanguage", 3);
         m_app.reset();
@@ -409,8 +406,8 @@ private Q_SLOTS:
 
     void returnToTheWindowPicksUpOutsideChanges()
     {
-        writeText(m_first + "Alpha.txt", "Alpha text here");
-        writeText(m_first + "Beta.txt", "Beta text");
+        writeBytes(m_first + "Alpha.txt", "Alpha text here");
+        writeBytes(m_first + "Beta.txt", "Beta text");
         startApp();
         clickEntry("Alpha.txt");
         editor()->setSelectedRange(6, 4);
@@ -420,12 +417,13 @@ private Q_SLOTS:
         QApplication::sendEvent(window(), &leave);
         QVERIFY(entries()->checkForFolderModificaion());
         QTest::qWait(30); // file-system clocks tick in milliseconds
-        writeText(m_first + "Alpha.txt", "Alpha *changed* elsewhere");
+        writeBytes(m_first + "Alpha.txt", "Alpha *changed* elsewhere");
         QFile alpha(m_first + "Alpha.txt");
         QVERIFY(alpha.open(QIODevice::ReadWrite));
         QVERIFY(alpha.setFileTime(loadedDate.addSecs(-3600), QFileDevice::FileModificationTime));
         alpha.close();
-        writeText(m_first + "Added.txt", "Added elsewhere");
+        // Sorted above the open entry, so its row moves down.
+        writeBytes(m_first + "0-added.txt", "Added elsewhere");
 
         QEvent back(QEvent::WindowActivate);
         QApplication::sendEvent(window(), &back);
@@ -434,7 +432,7 @@ private Q_SLOTS:
         QCOMPARE(editor()->selectedRange(), qMakePair(6, 4));
         QCOMPARE(window()->wordCounter()->text(), QString("3:25"));
         QVERIFY(m_app->preview()->lastPageHtml().contains("<em>changed</em>"));
-        QVERIFY(entries()->listofFiles().contains("Added.txt"));
+        QCOMPARE(entries()->listofFiles(), QStringList({"0-added.txt", "Alpha.txt", "Beta.txt"}));
         QCOMPARE(entries()->selectedFileName(), QString("Alpha.txt"));
         QCOMPARE(window()->titleField()->text(), QString("Alpha"));
         QVERIFY(!entries()->checkForFolderModificaion());
@@ -456,7 +454,7 @@ private Q_SLOTS:
 
     void newEntryStartsAtTheAddButton()
     {
-        writeText(m_first + "Alpha.txt", "Alpha text");
+        writeBytes(m_first + "Alpha.txt", "Alpha text");
         startApp();
         clickEntry("Alpha.txt");
 
@@ -499,8 +497,8 @@ private Q_SLOTS:
 
     void aTitleNamingAnEntryOpensItInsteadOfWritingOverIt()
     {
-        writeText(m_first + "Alpha.txt", "Alpha text");
-        writeText(m_first + "Beta.txt", "Beta text");
+        writeBytes(m_first + "Alpha.txt", "Alpha text");
+        writeBytes(m_first + "Beta.txt", "Beta text");
         startApp();
         QLineEdit *title = window()->titleField();
 
@@ -556,60 +554,44 @@ private Q_SLOTS:
         QVERIFY(html.contains("Journal%20Notes/Solo/\">"));
     }
 
-    void boldMarkupFollowsTheLanguageMenu()
+    void anOutsideChangeAfterLeavingIsNotWrittenOver_data()
     {
-        writeText(m_first + "Alpha.txt", "one word");
-        startApp();
-        clickEntry("Alpha.txt");
-        clickMenuItem(window()->markupLanguageMenu(), window()->markupLanguageAction(904));
-        editor()->setFocus();
-        editor()->setSelectedRange(4, 4);
-        QAction *bold = m_app->editorCommands()->action(EditorCommands::InsertBoldTypeStyle);
-        QVERIFY(window()->formatMenu()->actions().contains(bold));
-        clickMenuItem(window()->formatMenu(), bold);
-        QCOMPARE(editor()->string(), QString("one [b]word[/b]"));
-        QTRY_COMPARE_WITH_TIMEOUT(readBytes(m_first + "Alpha.txt"), QByteArray("one [b]word[/b]"),
-                                  3000);
+        QTest::addColumn<bool>("deleted");
+        addRow("changed elsewhere", false);
+        addRow("deleted elsewhere", true);
     }
 
-    void anEntryDeletedElsewhereStaysDeletedAndTheOthersIntact()
+    void anOutsideChangeAfterLeavingIsNotWrittenOver()
     {
-        writeText(m_first + "Alpha.txt", "Alpha text");
-        writeText(m_first + "Beta.txt", "Beta text");
+        QFETCH(bool, deleted);
+        writeBytes(m_first + "Alpha.txt", "Alpha text");
+        writeBytes(m_first + "Beta.txt", "Beta text");
         startApp();
         clickEntry("Alpha.txt");
         typeAtEnd(" typed");
-        m_app->windowDidResignMain();
-        // Leaving saved the words, so what the other program deletes is the whole entry.
-        QCOMPARE(readBytes(m_first + "Alpha.txt"), QByteArray("Alpha text typed"));
-        QTest::qWait(30);
-        QVERIFY(QFile::remove(m_first + "Alpha.txt"));
-        m_app->windowDidBecomeMain();
-        QCOMPARE(entries()->listofFiles(), QStringList{"Beta.txt"});
-        QTest::qWait(1300);
-        QVERIFY(!QFile::exists(m_first + "Alpha.txt"));
-        QCOMPARE(readBytes(m_first + "Beta.txt"), QByteArray("Beta text"));
-    }
 
-    void wordsTypedBeforeLeavingAreNotWrittenOverAnOutsideChange()
-    {
-        writeText(m_first + "Alpha.txt", "Alpha text");
-        startApp();
-        clickEntry("Alpha.txt");
-        typeAtEnd(" typed here");
-
-        // Another program (a sync client, another editor) changes the entry meanwhile.
+        // Leaving saved the words, so what another program (a sync client, another editor)
+        // changes or deletes meanwhile is the whole entry.
         QEvent leave(QEvent::WindowDeactivate);
         QApplication::sendEvent(window(), &leave);
-        QCOMPARE(readBytes(m_first + "Alpha.txt"), QByteArray("Alpha text typed here"));
+        QCOMPARE(readBytes(m_first + "Alpha.txt"), QByteArray("Alpha text typed"));
         QTest::qWait(30);
-        writeText(m_first + "Alpha.txt", "Alpha text typed here, and synced");
+        const QByteArray synced = deleted ? QByteArray() : QByteArray("Alpha text typed, synced");
+        if (deleted)
+            QVERIFY(QFile::remove(m_first + "Alpha.txt"));
+        else
+            writeBytes(m_first + "Alpha.txt", synced);
 
         QEvent back(QEvent::WindowActivate);
         QApplication::sendEvent(window(), &back);
-        QCOMPARE(editor()->string(), QString("Alpha text typed here, and synced"));
+        if (deleted)
+            QCOMPARE(entries()->listofFiles(), QStringList{"Beta.txt"});
+        else
+            QCOMPARE(editor()->string(), QString::fromUtf8(synced));
         QTest::qWait(1300);
-        QCOMPARE(readBytes(m_first + "Alpha.txt"), QByteArray("Alpha text typed here, and synced"));
+        QCOMPARE(QFile::exists(m_first + "Alpha.txt"), !deleted);
+        QCOMPARE(readBytes(m_first + "Alpha.txt"), synced);
+        QCOMPARE(readBytes(m_first + "Beta.txt"), QByteArray("Beta text"));
     }
 
     void textBundleEntriesThroughTheWindow()
@@ -617,9 +599,9 @@ private Q_SLOTS:
         defaults().setString("defaultFileExtensionForEntries", "textbundle");
         const QString trip = m_first + "Trip.textbundle";
         QDir().mkpath(trip + "/assets");
-        writeText(trip + "/info.json",
-                  TextBundle::infoJson("net.daringfireball.markdown").toUtf8());
-        writeText(trip + "/text.markdown", "A *trip*");
+        writeBytes(trip + "/info.json",
+                   TextBundle::infoJson("net.daringfireball.markdown").toUtf8());
+        writeBytes(trip + "/text.markdown", "A *trip*");
         startApp();
 
         clickEntry("Trip.textbundle");
@@ -637,7 +619,7 @@ private Q_SLOTS:
         // Changed elsewhere while the window was in the background.
         m_app->windowDidResignMain();
         QTest::qWait(30);
-        writeText(trip + "/text.markdown", "A *trip* home");
+        writeBytes(trip + "/text.markdown", "A *trip* home");
         m_app->windowDidBecomeMain();
         QCOMPARE(editor()->string(), QString("A *trip* home"));
         QVERIFY(m_app->preview()->lastPageHtml().contains("home"));

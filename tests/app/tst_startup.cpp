@@ -158,34 +158,6 @@ private Q_SLOTS:
         QTRY_COMPARE(window->notebookPopUp()->count(), 9);
     }
 
-    void markupLanguageMenuIsTickedAndStored()
-    {
-        UserDefaults &d = UserDefaults::standard();
-        const QString path = m_root->path() + "/n";
-        QDir().mkpath(path);
-        NotebookRegistry(d).store({{{"DiaryName", "N"}, {"DiaryDocumentPath", path}}});
-        d.setInteger("TypographyUseMarkupLanguage", 4);
-        AppController controller(d);
-        QVERIFY(controller.awakeFromNib());
-        controller.tickCurrentMarkupLanguage();
-        MainWindow *window = controller.window();
-        QAction *bbcode = window->markupLanguageAction(904);
-        QVERIFY(bbcode);
-        QVERIFY(bbcode->isChecked());
-        QCOMPARE(bbcode->text(), QString("BBCode"));
-        for (int tag = 901; tag <= 907; ++tag)
-            QCOMPARE(window->markupLanguageAction(tag)->isChecked(), tag == 904);
-
-        QAction *textile = window->markupLanguageAction(902);
-        textile->trigger();
-        QCOMPARE(d.integerForKey("TypographyUseMarkupLanguage"), 2);
-        QCOMPARE(d.stringForKey("MarkupIsSelectedTextile"), QString("selected"));
-        QCOMPARE(d.boolForKey("MarkupIsSelectedBBCode"), false);
-        QCOMPARE(d.boolForKey("MarkupIsSelectedMarkdown"), false);
-        QVERIFY(textile->isChecked());
-        QVERIFY(!bbcode->isChecked());
-    }
-
     void windowStartsWithReadOnlyEditorAndNamedControls()
     {
         UserDefaults &d = UserDefaults::standard();

@@ -1,6 +1,7 @@
 #include "EditorFixture.h"
 #include "editor/DocumentTextBuffer.h"
 #include "editor/LineCommands.h"
+#include "support/TestHelpers.h"
 #include "support/TestHome.h"
 
 #include <QTextDocument>
@@ -32,60 +33,43 @@ private Q_SLOTS:
         QTest::addColumn<QString>("undoKey");
         using L = LineCommands;
         const QString indent = "UNDO_INDENTION_CHANGE";
-        QTest::newRow("indent") << command(L::indentSelectedText) << "⟦a\nb⟧"
-                                << "⟦\ta\n\tb⟧" << indent;
-        QTest::newRow("indent, trailing break") << command(L::indentSelectedText) << "⟦a\nb\n⟧"
-                                                << "⟦\ta\n\tb\n⟧" << indent;
-        QTest::newRow("de-indent") << command(L::deIndentSelectedText) << "⟦\t\ta\n\tb⟧"
-                                   << "⟦\ta\nb⟧" << indent;
-        QTest::newRow("de-indent, empty middle line")
-            << command(L::deIndentSelectedText) << "⟦\ta\n\n\tb⟧"
-            << "⟦a\n\nb⟧" << indent;
-        QTest::newRow("copy before") << command(L::insertSelectedTextBeforeSelection) << "x ⟦ab⟧ y"
-                                     << "x ab\n⟦ab⟧ y" << indent;
-        QTest::newRow("copy after") << command(L::insertSelectedTextAfterSelection) << "x ⟦ab⟧ y"
-                                    << "x ⟦ab⟧\nab y" << indent;
-        QTest::newRow("copy left") << command(L::insertSelectedTextLeftToSelection) << "x ⟦ab⟧ y"
-                                   << "x ab ⟦ab⟧ y"
-                                   << "UNDO_COPYPAST_LEFT";
-        QTest::newRow("copy right") << command(L::insertSelectedTextRightToSelection) << "x ⟦ab⟧ y"
-                                    << "x ⟦ab⟧ ab y"
-                                    << "UNDO_COPYPAST_RIGHT";
-        QTest::newRow("move up") << command(L::moveSelectionUp) << "aaa\nbbb ⟦ccc⟧"
-                                 << "aaa⟦ccc⟧\nbbb "
-                                 << "UNDO_MOVE_UP";
-        QTest::newRow("move up from the first line") << command(L::moveSelectionUp) << "abc ⟦def⟧ g"
-                                                     << "⟦def⟧\nabc  g"
-                                                     << "UNDO_MOVE_UP";
-        QTest::newRow("move down") << command(L::moveSelectionDown) << "x⟦aaa⟧\nbbb"
-                                   << "x\n⟦aaa⟧bbb"
-                                   << "UNDO_MOVE_DOWN";
-        QTest::newRow("move down from the last line")
-            << command(L::moveSelectionDown) << "ab ⟦cd⟧ e"
-            << "ab  e\n⟦cd⟧"
-            << "UNDO_MOVE_DOWN";
-        QTest::newRow("move left") << command(L::moveSelectionLeft) << "aaa bbb ⟦ccc⟧"
-                                   << "aaa ⟦ccc⟧ bbb"
-                                   << "UNDO_MOVE_DOWN";
-        QTest::newRow("move left, no blank before") << command(L::moveSelectionLeft) << "ab⟦cd⟧ e"
-                                                    << "⟦cd⟧ab e"
-                                                    << "UNDO_MOVE_DOWN";
+        addRow("indent", command(L::indentSelectedText), "⟦a\nb⟧", "⟦\ta\n\tb⟧", indent);
+        addRow("indent, trailing break", command(L::indentSelectedText), "⟦a\nb\n⟧", "⟦\ta\n\tb\n⟧",
+               indent);
+        addRow("de-indent", command(L::deIndentSelectedText), "⟦\t\ta\n\tb⟧", "⟦\ta\nb⟧", indent);
+        addRow("de-indent, empty middle line", command(L::deIndentSelectedText), "⟦\ta\n\n\tb⟧",
+               "⟦a\n\nb⟧", indent);
+        addRow("copy before", command(L::insertSelectedTextBeforeSelection), "x ⟦ab⟧ y",
+               "x ab\n⟦ab⟧ y", indent);
+        addRow("copy after", command(L::insertSelectedTextAfterSelection), "x ⟦ab⟧ y",
+               "x ⟦ab⟧\nab y", indent);
+        addRow("copy left", command(L::insertSelectedTextLeftToSelection), "x ⟦ab⟧ y",
+               "x ab ⟦ab⟧ y", "UNDO_COPYPAST_LEFT");
+        addRow("copy right", command(L::insertSelectedTextRightToSelection), "x ⟦ab⟧ y",
+               "x ⟦ab⟧ ab y", "UNDO_COPYPAST_RIGHT");
+        addRow("move up", command(L::moveSelectionUp), "aaa\nbbb ⟦ccc⟧", "aaa⟦ccc⟧\nbbb ",
+               "UNDO_MOVE_UP");
+        addRow("move up from the first line", command(L::moveSelectionUp), "abc ⟦def⟧ g",
+               "⟦def⟧\nabc  g", "UNDO_MOVE_UP");
+        addRow("move down", command(L::moveSelectionDown), "x⟦aaa⟧\nbbb", "x\n⟦aaa⟧bbb",
+               "UNDO_MOVE_DOWN");
+        addRow("move down from the last line", command(L::moveSelectionDown), "ab ⟦cd⟧ e",
+               "ab  e\n⟦cd⟧", "UNDO_MOVE_DOWN");
+        addRow("move left", command(L::moveSelectionLeft), "aaa bbb ⟦ccc⟧", "aaa ⟦ccc⟧ bbb",
+               "UNDO_MOVE_DOWN");
+        addRow("move left, no blank before", command(L::moveSelectionLeft), "ab⟦cd⟧ e", "⟦cd⟧ab e",
+               "UNDO_MOVE_DOWN");
         // The blank before the word travels with it, so the line break stays behind.
-        QTest::newRow("move left across a line") << command(L::moveSelectionLeft) << "a\nbb ⟦cc⟧"
-                                                 << "a ⟦cc⟧\nbb"
-                                                 << "UNDO_MOVE_DOWN";
-        QTest::newRow("move right") << command(L::moveSelectionRight) << "⟦aaa⟧ bbb ccc"
-                                    << "bbb ⟦aaa⟧ ccc"
-                                    << "UNDO_MOVE_DOWN";
-        QTest::newRow("move right, no blank after") << command(L::moveSelectionRight) << "⟦ab⟧cd"
-                                                    << "cd⟦ab⟧"
-                                                    << "UNDO_MOVE_DOWN";
-        QTest::newRow("move right, surrogates") << command(L::moveSelectionRight) << "⟦😀⟧ 😺x y"
-                                                << "😺x ⟦😀⟧ y"
-                                                << "UNDO_MOVE_DOWN";
-        QTest::newRow("move left, right-to-left") << command(L::moveSelectionLeft) << "א בב ⟦גג⟧"
-                                                  << "א ⟦גג⟧ בב"
-                                                  << "UNDO_MOVE_DOWN";
+        addRow("move left across a line", command(L::moveSelectionLeft), "a\nbb ⟦cc⟧", "a ⟦cc⟧\nbb",
+               "UNDO_MOVE_DOWN");
+        addRow("move right", command(L::moveSelectionRight), "⟦aaa⟧ bbb ccc", "bbb ⟦aaa⟧ ccc",
+               "UNDO_MOVE_DOWN");
+        addRow("move right, no blank after", command(L::moveSelectionRight), "⟦ab⟧cd", "cd⟦ab⟧",
+               "UNDO_MOVE_DOWN");
+        addRow("move right, surrogates", command(L::moveSelectionRight), "⟦😀⟧ 😺x y", "😺x ⟦😀⟧ y",
+               "UNDO_MOVE_DOWN");
+        addRow("move left, right-to-left", command(L::moveSelectionLeft), "א בב ⟦גג⟧", "א ⟦גג⟧ בב",
+               "UNDO_MOVE_DOWN");
     }
     void reshapes()
     {
@@ -112,23 +96,19 @@ private Q_SLOTS:
         QTest::addColumn<QString>("before");
         QTest::addColumn<int>("beeps");
         using L = LineCommands;
-        QTest::newRow("indent, nothing selected: silent")
-            << command(L::indentSelectedText) << "a|b" << 0;
-        QTest::newRow("de-indent, nothing selected: silent")
-            << command(L::deIndentSelectedText) << "\ta|" << 0;
-        QTest::newRow("copy before") << command(L::insertSelectedTextBeforeSelection) << "a|" << 1;
-        QTest::newRow("copy after") << command(L::insertSelectedTextAfterSelection) << "a|" << 1;
-        QTest::newRow("copy left") << command(L::insertSelectedTextLeftToSelection) << "a|" << 1;
-        QTest::newRow("copy right") << command(L::insertSelectedTextRightToSelection) << "a|" << 1;
-        QTest::newRow("move up at 0") << command(L::moveSelectionUp) << "⟦ab⟧\ncd" << 1;
-        QTest::newRow("move up, empty") << command(L::moveSelectionUp) << "ab\nc|d" << 1;
-        QTest::newRow("move down at 0") << command(L::moveSelectionDown) << "⟦ab⟧\ncd" << 1;
-        QTest::newRow("move left at 0") << command(L::moveSelectionLeft) << "⟦ab⟧ cd" << 1;
-        QTest::newRow("move right, empty") << command(L::moveSelectionRight) << "ab| cd" << 1;
-        QTest::newRow("no empty line above")
-            << command(L::moveCursorToPreviousEmptyLine) << "a\nb|" << 1;
-        QTest::newRow("no empty line below")
-            << command(L::moveCursorToNextEmptyLine) << "|a\nb" << 1;
+        addRow("indent, nothing selected: silent", command(L::indentSelectedText), "a|b", 0);
+        addRow("de-indent, nothing selected: silent", command(L::deIndentSelectedText), "\ta|", 0);
+        addRow("copy before", command(L::insertSelectedTextBeforeSelection), "a|", 1);
+        addRow("copy after", command(L::insertSelectedTextAfterSelection), "a|", 1);
+        addRow("copy left", command(L::insertSelectedTextLeftToSelection), "a|", 1);
+        addRow("copy right", command(L::insertSelectedTextRightToSelection), "a|", 1);
+        addRow("move up at 0", command(L::moveSelectionUp), "⟦ab⟧\ncd", 1);
+        addRow("move up, empty", command(L::moveSelectionUp), "ab\nc|d", 1);
+        addRow("move down at 0", command(L::moveSelectionDown), "⟦ab⟧\ncd", 1);
+        addRow("move left at 0", command(L::moveSelectionLeft), "⟦ab⟧ cd", 1);
+        addRow("move right, empty", command(L::moveSelectionRight), "ab| cd", 1);
+        addRow("no empty line above", command(L::moveCursorToPreviousEmptyLine), "a\nb|", 1);
+        addRow("no empty line below", command(L::moveCursorToNextEmptyLine), "|a\nb", 1);
     }
     void refusals()
     {
@@ -156,28 +136,21 @@ private Q_SLOTS:
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("after");
         using L = LineCommands;
-        QTest::newRow("end of paragraph") << command(L::moveCursorToTheEndOfParagraph) << "a|b\ncd"
-                                          << "ab|\ncd";
-        QTest::newRow("end of the last paragraph")
-            << command(L::moveCursorToTheEndOfParagraph) << "ab\nc|d"
-            << "ab\ncd|";
-        QTest::newRow("end of paragraph from a selection")
-            << command(L::moveCursorToTheEndOfParagraph) << "⟦a⟧b\ncd"
-            << "ab|\ncd";
-        QTest::newRow("beginning stops on the break")
-            << command(L::moveCursorToTheBeginningOfParagraph) << "ab\ncd\ne|f"
-            << "ab\ncd|\nef";
-        QTest::newRow("beginning of the first line")
-            << command(L::moveCursorToTheBeginningOfParagraph) << "ab|"
-            << "|ab";
-        QTest::newRow("previous empty line")
-            << command(L::moveCursorToPreviousEmptyLine) << "a\n\nb\n\nc|"
-            << "a\n\nb\n|\nc";
-        QTest::newRow("next empty line") << command(L::moveCursorToNextEmptyLine) << "|a\n\nb\n\nc"
-                                         << "a\n|\nb\n\nc";
-        QTest::newRow("hard line break")
-            << command(L::moveCursorToTheEndOfParagraphAndPerformHardLineBreak) << "a|b\nc"
-            << "ab  \n|\nc";
+        addRow("end of paragraph", command(L::moveCursorToTheEndOfParagraph), "a|b\ncd", "ab|\ncd");
+        addRow("end of the last paragraph", command(L::moveCursorToTheEndOfParagraph), "ab\nc|d",
+               "ab\ncd|");
+        addRow("end of paragraph from a selection", command(L::moveCursorToTheEndOfParagraph),
+               "⟦a⟧b\ncd", "ab|\ncd");
+        addRow("beginning stops on the break", command(L::moveCursorToTheBeginningOfParagraph),
+               "ab\ncd\ne|f", "ab\ncd|\nef");
+        addRow("beginning of the first line", command(L::moveCursorToTheBeginningOfParagraph),
+               "ab|", "|ab");
+        addRow("previous empty line", command(L::moveCursorToPreviousEmptyLine), "a\n\nb\n\nc|",
+               "a\n\nb\n|\nc");
+        addRow("next empty line", command(L::moveCursorToNextEmptyLine), "|a\n\nb\n\nc",
+               "a\n|\nb\n\nc");
+        addRow("hard line break", command(L::moveCursorToTheEndOfParagraphAndPerformHardLineBreak),
+               "a|b\nc", "ab  \n|\nc");
     }
     void caretMoves()
     {

@@ -2,6 +2,7 @@
 #include "app/UserDefaults.h"
 #include "editor/MarkupInsertion.h"
 #include "support/PropertyList.h"
+#include "support/TestHelpers.h"
 #include "support/TestHome.h"
 
 #include <QFile>
@@ -59,24 +60,12 @@ private Q_SLOTS:
         QTest::addColumn<QString>("templateText");
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("after");
-        QTest::newRow("no selection: caret between") << "A{*}B"
-                                                     << "x|y"
-                                                     << "xA|By";
-        QTest::newRow("selection: caret after") << "A{*}B"
-                                                << "⟦word⟧"
-                                                << "AwordB|";
-        QTest::newRow("every placeholder") << "{*}-{*}"
-                                           << "⟦ab⟧"
-                                           << "ab-ab|";
-        QTest::newRow("empty template removes") << ""
-                                                << "x⟦ab⟧y"
-                                                << "x|y";
-        QTest::newRow("no placeholder") << "<hr>"
-                                        << "a|"
-                                        << "a<hr>|";
-        QTest::newRow("surrogates") << "**{*}**"
-                                    << "⟦😀⟧"
-                                    << "**😀**|";
+        addRow("no selection: caret between", "A{*}B", "x|y", "xA|By");
+        addRow("selection: caret after", "A{*}B", "⟦word⟧", "AwordB|");
+        addRow("every placeholder", "{*}-{*}", "⟦ab⟧", "ab-ab|");
+        addRow("empty template removes", "", "x⟦ab⟧y", "x|y");
+        addRow("no placeholder", "<hr>", "a|", "a<hr>|");
+        addRow("surrogates", "**{*}**", "⟦😀⟧", "**😀**|");
     }
     void insertion()
     {

@@ -3,6 +3,7 @@
 #include "editor/TabActionStore.h"
 #include "editor/TabActionTableModel.h"
 #include "support/PropertyList.h"
+#include "support/TestHelpers.h"
 #include "support/TestHome.h"
 
 #include <QDataStream>
@@ -13,21 +14,6 @@
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QtTest>
-
-namespace {
-void writeBytes(const QString &path, const QByteArray &bytes)
-{
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-}
-
-QByteArray readBytes(const QString &path)
-{
-    QFile f(path);
-    return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
-}
-} // namespace
 
 class TestTabActions : public QObject
 {
@@ -58,12 +44,12 @@ private Q_SLOTS:
     {
         QTest::addColumn<QByteArray>("content");
         QTest::addColumn<QString>("problem");
-        QTest::newRow("missing") << QByteArray() << "does not exist";
-        QTest::newRow("empty") << QByteArray("") << "empty";
-        QTest::newRow("not a plist") << QByteArray("sig = Best regards\n") << "line 1";
-        QTest::newRow("array root")
-            << PropertyList::toXml(QVariantList{"sig", "Best regards"}) << "root is an array";
-        QTest::newRow("string root") << PropertyList::toXml(QString("sig")) << "root is a string";
+        addRow("missing", QByteArray(), "does not exist");
+        addRow("empty", QByteArray(""), "empty");
+        addRow("not a plist", QByteArray("sig = Best regards\n"), "line 1");
+        addRow("array root", PropertyList::toXml(QVariantList{"sig", "Best regards"}),
+               "root is an array");
+        addRow("string root", PropertyList::toXml(QString("sig")), "root is a string");
     }
 
     void brokenFilesGiveAnEmptyListAndOneLogLine()
@@ -131,23 +117,6 @@ private Q_SLOTS:
         QCOMPARE(TabActionStore::availableTabActions(), (QVariantMap{{"ok", "expansion"}}));
         // The window still gets everything, so saving from it loses nothing.
         QCOMPARE(TabActionStore::load(path), file);
-    }
-
-    void externalFileInUse()
-    {
-        QTemporaryDir dir;
-        const QString external = dir.filePath("team.tabActions");
-        QVERIFY(TabActionStore::save(external, {{"brb", "be right back"}}));
-        QVERIFY(TabActionStore::save(TabActionStore::internalPath(), {{"brb", "internal"}}));
-        UserDefaults::standard().setString("TabActionExternFilePath", external);
-        UserDefaults::standard().setBool("TabActionUseExternalFile", true);
-        QCOMPARE(TabActionStore::availableTabActions().value("brb").toString(),
-                 QString("be right back"));
-        // The external file deleted: nothing expands, nothing falls back, nothing is created.
-        QVERIFY(QFile::remove(external));
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("team.tabActions.*does not exist"));
-        QVERIFY(TabActionStore::availableTabActions().isEmpty());
-        QVERIFY(!QFile::exists(external));
     }
 
     void savingOverAnUnreadableFileKeepsACopy()

@@ -1,5 +1,6 @@
 #include "EditorFixture.h"
 #include "app/UserDefaults.h"
+#include "support/TestHelpers.h"
 #include "support/TestHome.h"
 
 #include <QtTest>
@@ -14,40 +15,23 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("after");
-        QTest::newRow("bullet") << "- item|"
-                                << "- item\n- |";
-        QTest::newRow("bullet on a later line") << "x\n* a|"
-                                                << "x\n* a\n* |";
-        QTest::newRow("empty bullet ends the list") << "- item\n- |"
-                                                    << "- item\n\n|";
-        QTest::newRow("decimal") << "9. x|"
-                                 << "9. x\n10. |";
-        QTest::newRow("empty decimal ends") << "12. |"
-                                            << "\n|";
-        QTest::newRow("roman") << "iv x|"
-                               << "iv x\nv |";
-        QTest::newRow("roman needs a space, so letters") << "iv. x|"
-                                                         << "iv. x\niw. |";
-        QTest::newRow("letter Z") << "Z. x|"
-                                  << "Z. x\nAA. |";
-        QTest::newRow("tabs carried") << "\t\t- a|"
-                                      << "\t\t- a\n\t\t- |";
-        QTest::newRow("spaces not carried") << "  - a|"
-                                            << "  - a\n- |";
-        QTest::newRow("indented number: only tabs") << "\t2. x|"
-                                                    << "\t2. x\n\t|";
-        QTest::newRow("tabs stay when a list ends") << "\t* |"
-                                                    << "\t\n|";
-        QTest::newRow("caret inside the line") << "- ab|cd"
-                                               << "- ab\n- |cd";
-        QTest::newRow("bullet without its space ends too") << "a\n-|"
-                                                           << "a\n\n|";
-        QTest::newRow("surrogates kept whole") << "- 😀|"
-                                               << "- 😀\n- |";
-        QTest::newRow("right-to-left text") << "- שלום|"
-                                            << "- שלום\n- |";
-        QTest::newRow("combining marks") << "1. e\u0301|"
-                                         << "1. e\u0301\n2. |";
+        addRow("bullet", "- item|", "- item\n- |");
+        addRow("bullet on a later line", "x\n* a|", "x\n* a\n* |");
+        addRow("empty bullet ends the list", "- item\n- |", "- item\n\n|");
+        addRow("decimal", "9. x|", "9. x\n10. |");
+        addRow("empty decimal ends", "12. |", "\n|");
+        addRow("roman", "iv x|", "iv x\nv |");
+        addRow("roman needs a space, so letters", "iv. x|", "iv. x\niw. |");
+        addRow("letter Z", "Z. x|", "Z. x\nAA. |");
+        addRow("tabs carried", "\t\t- a|", "\t\t- a\n\t\t- |");
+        addRow("spaces not carried", "  - a|", "  - a\n- |");
+        addRow("indented number: only tabs", "\t2. x|", "\t2. x\n\t|");
+        addRow("tabs stay when a list ends", "\t* |", "\t\n|");
+        addRow("caret inside the line", "- ab|cd", "- ab\n- |cd");
+        addRow("bullet without its space ends too", "a\n-|", "a\n\n|");
+        addRow("surrogates kept whole", "- 😀|", "- 😀\n- |");
+        addRow("right-to-left text", "- שלום|", "- שלום\n- |");
+        addRow("combining marks", "1. e\u0301|", "1. e\u0301\n2. |");
     }
     void enterContinuesAndEndsLists()
     {
@@ -89,14 +73,10 @@ private Q_SLOTS:
     {
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("after");
-        QTest::newRow("two lines") << "⟦a\nb⟧"
-                                   << "⟦\ta\n\tb⟧";
-        QTest::newRow("trailing break gets no tab") << "⟦a\nb\n⟧"
-                                                    << "⟦\ta\n\tb\n⟧";
-        QTest::newRow("inside a line") << "x⟦yz⟧"
-                                       << "x⟦\tyz⟧";
-        QTest::newRow("other line breaks become LF") << "⟦a\u2028b⟧"
-                                                     << "⟦\ta\n\tb⟧";
+        addRow("two lines", "⟦a\nb⟧", "⟦\ta\n\tb⟧");
+        addRow("trailing break gets no tab", "⟦a\nb\n⟧", "⟦\ta\n\tb\n⟧");
+        addRow("inside a line", "x⟦yz⟧", "x⟦\tyz⟧");
+        addRow("other line breaks become LF", "⟦a\u2028b⟧", "⟦\ta\n\tb⟧");
     }
     void tabIndentsSelection()
     {
@@ -154,39 +134,17 @@ private Q_SLOTS:
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("typed");
         QTest::addColumn<QString>("after");
-        QTest::newRow("before a character: no pair") << "|x"
-                                                     << "("
-                                                     << "(|x";
-        QTest::newRow("at the end") << "abc|"
-                                    << "("
-                                    << "abc(|)";
-        QTest::newRow("before a blank") << "x| y"
-                                        << "["
-                                        << "x[|] y";
-        QTest::newRow("angle") << "|"
-                               << "<"
-                               << "<|>";
-        QTest::newRow("brace") << "a\n|\nb"
-                               << "{"
-                               << "a\n{|}\nb";
-        QTest::newRow("wraps a selection") << "⟦abc⟧"
-                                           << "("
-                                           << "(abc)|";
-        QTest::newRow("wraps in tags") << "x ⟦b⟧ y"
-                                       << "<"
-                                       << "x <b>| y";
-        QTest::newRow("blank-first selection is replaced") << "⟦ abc⟧"
-                                                           << "("
-                                                           << "(|)";
-        QTest::newRow("other characters replace") << "⟦abc⟧"
-                                                  << ")"
-                                                  << ")|";
-        QTest::newRow("quote at start") << "|"
-                                        << "\""
-                                        << "\"|\"";
-        QTest::newRow("quote after a letter") << "a|"
-                                              << "\""
-                                              << "a\"|";
+        addRow("before a character: no pair", "|x", "(", "(|x");
+        addRow("at the end", "abc|", "(", "abc(|)");
+        addRow("before a blank", "x| y", "[", "x[|] y");
+        addRow("angle", "|", "<", "<|>");
+        addRow("brace", "a\n|\nb", "{", "a\n{|}\nb");
+        addRow("wraps a selection", "⟦abc⟧", "(", "(abc)|");
+        addRow("wraps in tags", "x ⟦b⟧ y", "<", "x <b>| y");
+        addRow("blank-first selection is replaced", "⟦ abc⟧", "(", "(|)");
+        addRow("other characters replace", "⟦abc⟧", ")", ")|");
+        addRow("quote at start", "|", "\"", "\"|\"");
+        addRow("quote after a letter", "a|", "\"", "a\"|");
     }
     void bracketPairing()
     {
@@ -213,34 +171,20 @@ private Q_SLOTS:
         QTest::addColumn<int>("style");
         QTest::addColumn<QString>("before");
         QTest::addColumn<QString>("after");
-        QTest::newRow("after a space opens") << 3 << "a |"
-                                             << "a \u201C|";
-        QTest::newRow("after a letter closes") << 3 << "a|"
-                                               << "a\u201D|";
-        QTest::newRow("after a closing mark opens") << 3 << "\u201D|"
-                                                    << "\u201D\u201C|";
-        QTest::newRow("empty text opens") << 3 << "|"
-                                          << "\u201C|";
-        QTest::newRow("start of text opens") << 3 << "|abc"
-                                             << "\u201C|abc";
-        QTest::newRow("after a line break opens") << 3 << "a\n|"
-                                                  << "a\n\u201C|";
-        QTest::newRow("German") << 1 << "x |"
-                                << "x \u201E|";
-        QTest::newRow("style 5 is reversed") << 5 << "x|"
-                                             << "x\u201C|";
-        QTest::newRow("style 9 opens with two units") << 9 << "x |"
-                                                      << "x \u00AB\u2005|";
-        QTest::newRow("style 9 closes with two units") << 9 << "x|"
-                                                       << "x\u2005\u00BB|";
-        QTest::newRow("corner brackets") << 10 << "|"
-                                         << "\u300C|";
-        QTest::newRow("plain style passes") << 0 << "a|"
-                                            << "a\"|";
-        QTest::newRow("out of range is plain") << 11 << "a|"
-                                               << "a\"|";
-        QTest::newRow("negative is plain") << -1 << "a|"
-                                           << "a\"|";
+        addRow("after a space opens", 3, "a |", "a \u201C|");
+        addRow("after a letter closes", 3, "a|", "a\u201D|");
+        addRow("after a closing mark opens", 3, "\u201D|", "\u201D\u201C|");
+        addRow("empty text opens", 3, "|", "\u201C|");
+        addRow("start of text opens", 3, "|abc", "\u201C|abc");
+        addRow("after a line break opens", 3, "a\n|", "a\n\u201C|");
+        addRow("German", 1, "x |", "x \u201E|");
+        addRow("style 5 is reversed", 5, "x|", "x\u201C|");
+        addRow("style 9 opens with two units", 9, "x |", "x \u00AB\u2005|");
+        addRow("style 9 closes with two units", 9, "x|", "x\u2005\u00BB|");
+        addRow("corner brackets", 10, "|", "\u300C|");
+        addRow("plain style passes", 0, "a|", "a\"|");
+        addRow("out of range is plain", 11, "a|", "a\"|");
+        addRow("negative is plain", -1, "a|", "a\"|");
     }
     void typographicQuotes()
     {

@@ -9,6 +9,7 @@
 #include "library/TerminationSignalHandler.h"
 #include "library/widgets/EntryController.h"
 #include "library/widgets/PlainEditorChangePoster.h"
+#include "support/TestHelpers.h"
 #include "support/TestHome.h"
 #include "widgets/Alert.h"
 
@@ -30,19 +31,6 @@
 #include <memory>
 
 namespace {
-void writeBytes(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QByteArray readBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 void setModified(const QString &path, const QDateTime &date)
 {
     QFile file(path);
@@ -200,45 +188,23 @@ private Q_SLOTS:
         QCOMPARE(w.controller->model()->rowCount(), 0);
     }
 
-    void fiveKeystrokesWriteOnceOneSecondAfterTheLast()
+    void keystrokesWriteOnceOneSecondAfterTheLast_data()
     {
-        writeBytes(m_notebook + "Alpha.txt", "Hello world");
-        setModified(m_notebook + "Alpha.txt", QDateTime::currentDateTime().addDays(-2));
-        EntryWindow w(m_notebook);
-        w.select(0);
-        w.moveCursorToEnd();
-        QSignalSpy saved(w.controller.get(), &EntryController::entrySaved);
-        w.type("abcde", 60);
-        QElapsedTimer sinceLast;
-        sinceLast.start();
-        QTest::qWait(900);
-        QCOMPARE(saved.count(), 0);
-        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Hello world"));
-        QTRY_COMPARE_WITH_TIMEOUT(saved.count(), 1, 2000);
-        QVERIFY2(sinceLast.elapsed() >= 1000, qPrintable(QString::number(sinceLast.elapsed())));
-        QTest::qWait(1300);
-        QCOMPARE(saved.count(), 1);
-        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Hello worldabcde"));
-        QCOMPARE(QFileInfo(m_notebook + "Alpha.txt").lastModified(),
-                 w.controller->lastModificationDateOfCurrentFile());
-        QVERIFY(w.controller->lastModificationDateOfCurrentFile().secsTo(
-                    QDateTime::currentDateTime()) < 10);
-        QCOMPARE(cursorAttribute(m_notebook + "Alpha.txt"), QByteArray("16"));
-        QVERIFY(!w.controller->currentDocumentHasEdits());
-        // The list's rows are rebuilt off the UI thread and then show the new date.
-        QTRY_VERIFY(w.controller->model()
-                        ->data(w.controller->model()->index(0), Qt::DisplayRole)
-                        .toString()
-                        .contains(EntryDirectory::dateText(QDateTime::currentDateTime()).left(6)));
+        QTest::addColumn<bool>("entryEditor");
+        addRow("plain text view", false);
+        addRow("entry editor", true);
     }
 
-    void theEntryEditorIsDrivenThroughItsOwnApi()
+    void keystrokesWriteOnceOneSecondAfterTheLast()
     {
-        writeBytes(m_notebook + "Alpha.txt", "Alpha\u00a0text");
+        QFETCH(bool, entryEditor);
+        const QString alpha = m_notebook + "Alpha.txt";
+        writeBytes(alpha, "Alpha\xC2\xA0text");
         writeBytes(m_notebook + "Beta.txt", "Beta");
-        QVERIFY(setxattr(QFile::encodeName(m_notebook + "Alpha.txt").constData(),
+        setModified(alpha, QDateTime::currentDateTime().addDays(-2));
+        QVERIFY(setxattr(QFile::encodeName(alpha).constData(),
                          "user.com.tessaly.metadata:DocumentCursorPosition", "99", 2, 0) == 0);
-        EntryWindow w(m_notebook, true);
+        EntryWindow w(m_notebook, entryEditor);
         QVERIFY(!w.controller->editor().isEditable());
         w.select(0);
         QCOMPARE(w.controller->editor().string(), QString::fromUtf8("Alpha\u00a0text"));
@@ -248,95 +214,54 @@ private Q_SLOTS:
         w.type("abcde", 60);
         QElapsedTimer sinceLast;
         sinceLast.start();
-        QTRY_COMPARE_WITH_TIMEOUT(saved.count(), 1, 3000);
-        QVERIFY(sinceLast.elapsed() >= 1000);
-        QTest::qWait(1200);
+        QTest::qWait(900);
+        QCOMPARE(saved.count(), 0);
+        QCOMPARE(readBytes(alpha), QByteArray("Alpha\xC2\xA0text"));
+        QTRY_COMPARE_WITH_TIMEOUT(saved.count(), 1, 2000);
+        QVERIFY2(sinceLast.elapsed() >= 1000, qPrintable(QString::number(sinceLast.elapsed())));
+        QTest::qWait(1300);
         QCOMPARE(saved.count(), 1);
-        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha\xC2\xA0textabcde"));
+        QCOMPARE(readBytes(alpha), QByteArray("Alpha\xC2\xA0textabcde"));
+        QCOMPARE(QFileInfo(alpha).lastModified(),
+                 w.controller->lastModificationDateOfCurrentFile());
+        QVERIFY(w.controller->lastModificationDateOfCurrentFile().secsTo(
+                    QDateTime::currentDateTime()) < 10);
+        QCOMPARE(cursorAttribute(alpha), QByteArray("15"));
+        QVERIFY(!w.controller->currentDocumentHasEdits());
+        // The list's rows are rebuilt off the UI thread and then show the new date.
+        QTRY_VERIFY(w.controller->model()
+                        ->data(w.controller->model()->index(0), Qt::DisplayRole)
+                        .toString()
+                        .contains(EntryDirectory::dateText(QDateTime::currentDateTime()).left(6)));
 
         w.type("!");
         w.select(1);
-        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha\xC2\xA0textabcde!"));
+        QCOMPARE(readBytes(alpha), QByteArray("Alpha\xC2\xA0textabcde!"));
         QCOMPARE(w.controller->editor().string(), QString("Beta"));
         QTest::qWait(1300);
         QCOMPARE(readBytes(m_notebook + "Beta.txt"), QByteArray("Beta"));
     }
 
-    void switchingEntriesWithinTheSecondLosesNothing()
+    // Title, notebook and window changes flush first too; the main window's tests cover them.
+    void aRelistFlushesFirstEvenUnderANewExtension()
     {
-        writeBytes(m_notebook + "Alpha.txt", "Alpha text");
-        writeBytes(m_notebook + "Beta.txt", "Beta text");
-        writeBytes(m_notebook + "Gamma.txt", "Gamma text");
-        EntryWindow w(m_notebook);
-        QSignalSpy saved(w.controller.get(), &EntryController::entrySaved);
-        w.select(0);
-        w.moveCursorToEnd();
-        w.type(" one");
-        // Before even the editor's announcement.
-        w.select(1);
-        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha text one"));
-        QCOMPARE(w.editor->toPlainText(), QString("Beta text"));
-        QCOMPARE(w.title->text(), QString("Beta"));
-
-        w.moveCursorToEnd();
-        w.type(" two");
-        QTest::qWait(300); // announced, save pending
-        QVERIFY(w.controller->currentDocumentHasEdits());
-        w.select(2);
-        QCOMPARE(readBytes(m_notebook + "Beta.txt"), QByteArray("Beta text two"));
-        QCOMPARE(w.editor->toPlainText(), QString("Gamma text"));
-
-        QTest::qWait(1400);
-        QCOMPARE(saved.count(), 2);
-        QCOMPARE(readBytes(m_notebook + "Gamma.txt"), QByteArray("Gamma text"));
-        QCOMPARE(w.controller->selectedFileName(), QString("Gamma.txt"));
-    }
-
-    void titleNotebookAndWindowChangesFlushFirst()
-    {
-        QDir().mkpath(m_notebook + "other");
         writeBytes(m_notebook + "Alpha.txt", "Alpha");
-        writeBytes(m_notebook + "other/Far.txt", "Far");
         EntryWindow w(m_notebook);
         w.select(0);
         w.moveCursorToEnd();
-        w.type(" title");
-        w.title->setFocus();
-        QTest::keyClicks(w.title, "X");
-        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha title"));
-        QVERIFY(!QFile::exists(m_notebook + "AlphaX.txt"));
-
-        w.title->setText("Alpha");
-        w.type(" notebook");
-        w.controller->setNotebookPath(m_notebook + "other/");
-        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha title notebook"));
-        QVERIFY(!QFile::exists(m_notebook + "other/Alpha.txt"));
-        QCOMPARE(w.controller->listofFiles(), QStringList({"Far.txt"}));
-
-        w.select(0);
-        w.moveCursorToEnd();
-        w.type(" close");
-        w.window.close();
-        QCOMPARE(readBytes(m_notebook + "other/Far.txt"), QByteArray("Far close"));
-
-        w.window.show();
         w.type(" relist");
         NotificationCenter::defaultCenter().post(Notifications::ReloadFilesForSelectedNoticeBlock);
-        QCOMPARE(readBytes(m_notebook + "other/Far.txt"), QByteArray("Far close relist"));
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha relist"));
         QCOMPARE(w.editor->toPlainText(), QString("Enter a title to write a note"));
         QCOMPARE(w.title->text(), QString());
-    }
 
-    void extensionChangeSavesUnderTheOldExtension()
-    {
-        writeBytes(m_notebook + "Alpha.txt", "Alpha");
-        EntryWindow w(m_notebook);
+        // The words go under the extension the entry was loaded with.
         w.select(0);
         w.moveCursorToEnd();
         w.type(" more");
         UserDefaults::standard().setString("defaultFileExtensionForEntries", "md");
         NotificationCenter::defaultCenter().post(Notifications::ReloadFilesForSelectedNoticeBlock);
-        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha more"));
+        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha relist more"));
         QVERIFY(!QFile::exists(m_notebook + "Alpha.md"));
         QVERIFY(w.controller->listofFiles().isEmpty());
     }
@@ -381,7 +306,8 @@ private Q_SLOTS:
         QVERIFY(QFile::exists(m_notebook + "Alpha.txt"));
     }
 
-    void textBundleEntriesAreCreatedWithTheirLayout()
+    // Layout, listing and opening of bundles are checked through the main window.
+    void anEmptiedBundleLosesOnlyItsTextFile()
     {
         UserDefaults::standard().setString("defaultFileExtensionForEntries", "textbundle");
         writeBytes(m_notebook + "plain.txt", "not listed");
@@ -393,29 +319,15 @@ private Q_SLOTS:
         QTRY_COMPARE_WITH_TIMEOUT(saved.count(), 1, 3000);
         const QString bundle = m_notebook + "Trip.textbundle";
         QCOMPARE(readBytes(bundle + "/text.markdown"), QByteArray("Hello"));
-        QVERIFY(QFileInfo(bundle + "/assets").isDir());
-        QVERIFY(QDir(bundle + "/assets").isEmpty());
-        QCOMPARE(readBytes(bundle + "/info.json"),
-                 QByteArray("{\n\"version\" : 2,\n\"type\": \"net.daringfireball.markdown\",\n"
-                            "\"transient\" : true,\n\"creatorIdentifier\" : "
-                            "\"com.tessaly.Vellox\"\n}"));
         QCOMPARE(w.controller->listofFiles(), QStringList({"Trip.textbundle"}));
 
-        // Reopened, the bundle's text file is found and the preview's base is the bundle.
-        w.controller->loadFilesForSelectedNoticeBlock();
-        QSignalSpy preview(w.controller.get(), &EntryController::previewShouldRender);
-        w.select(0);
-        QCOMPARE(w.editor->toPlainText(), QString("Hello"));
-        QCOMPARE(preview.last().at(1).toString(), bundle + "/text.markdown");
-        QVERIFY(m_alerts.isEmpty());
-
-        // Emptied: only the text file goes.
         w.editor->selectAll();
         QTest::keyClick(w.editor, Qt::Key_Backspace);
         w.controller->flushPendingSave();
         QVERIFY(!QFile::exists(bundle + "/text.markdown"));
         QVERIFY(QFile::exists(bundle + "/info.json"));
         QVERIFY(QFileInfo(bundle + "/assets").isDir());
+        QVERIFY(m_alerts.isEmpty());
     }
 
     void bundleLanguagesAndBrokenInfo()
@@ -462,36 +374,6 @@ private Q_SLOTS:
         QCOMPARE(w.editor->toPlainText(), QString("B.txt"));
         w.controller->loadFilesForSelectedNoticeBlockAndSelectItemWithFilename("missing.txt");
         QCOMPARE(w.controller->selectedRow(), 1);
-    }
-
-    void returnToTheWindowPicksUpOutsideChanges()
-    {
-        writeBytes(m_notebook + "Alpha.txt", "Alpha text here");
-        writeBytes(m_notebook + "Beta.txt", "Beta");
-        EntryWindow w(m_notebook);
-        w.select(1);
-        w.controller->editor().setSelectedRange(3, 0);
-        w.controller->windowDidResignMain();
-        // No event processing until the return: activation events would answer early.
-        QThread::msleep(20);
-        writeBytes(m_notebook + "Beta.txt", "Beta changed elsewhere");
-        setModified(m_notebook + "Beta.txt", QDateTime::currentDateTime().addSecs(5));
-        writeBytes(m_notebook + "0-first.txt", "new");
-
-        w.controller->windowDidBecomeMain();
-        QCOMPARE(w.editor->toPlainText(), QString("Beta changed elsewhere"));
-        QCOMPARE(w.controller->editor().selectedLocation(), 3);
-        QCOMPARE(w.controller->listofFiles(),
-                 QStringList({"0-first.txt", "Alpha.txt", "Beta.txt"}));
-        QCOMPARE(w.controller->selectedFileName(), QString("Beta.txt"));
-        QCOMPARE(w.title->text(), QString("Beta"));
-        QVERIFY(!w.controller->checkForFolderModificaion());
-
-        // An unchanged file is left alone.
-        w.type("!");
-        w.controller->flushPendingSave();
-        w.controller->windowDidBecomeMain();
-        QCOMPARE(w.editor->toPlainText(), QString("Bet!a changed elsewhere"));
     }
 
     void lockedFolderAndFile()

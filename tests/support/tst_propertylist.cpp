@@ -1,4 +1,5 @@
 #include "support/PropertyList.h"
+#include "support/TestHelpers.h"
 #include "support/TestHome.h"
 
 #include <QDateTime>
@@ -30,12 +31,6 @@ QVariant roundTrip(const QVariant &value)
     return back;
 }
 
-void writeFile(const QString &path, const QByteArray &bytes)
-{
-    QFile f(path);
-    QVERIFY(f.open(QIODevice::WriteOnly));
-    f.write(bytes);
-}
 } // namespace
 
 class TestPropertyList : public QObject
@@ -121,23 +116,21 @@ private Q_SLOTS:
     void everyCharacterOfTextSurvives_data()
     {
         QTest::addColumn<QString>("text");
-        QTest::newRow("markup") << QString("a < b && c > d ]]> <![CDATA[ x ]]> &amp; \"q\" 'a'");
-        QTest::newRow("blanks") << QString("  leading\tand trailing \n\n  ");
-        QTest::newRow("only newline") << QString("\n");
-        QTest::newRow("carriage returns") << QString("one\r\ntwo\rthree\n");
-        QTest::newRow("non-BMP") << QString::fromUtf8(
-            "caf\xC3\xA9 \xF0\x9F\x98\x80 \xF0\x9D\x84\x9E");
-        QTest::newRow("vertical tab from a word processor") << QString("line\x0B"
-                                                                       "break\x0C"
-                                                                       "page");
-        QTest::newRow("nul and escape") << (QString("a") + QChar(0) + QString("b\x1B[0m"));
-        QTest::newRow("noncharacters") << (QString("x") + QChar(0xFFFE) + QChar(0xFFFF) + "y");
-        QTest::newRow("lone surrogates")
-            << (QString("a") + QChar(0xD83D) + "b" + QChar(0xDE00) + "c");
-        QTest::newRow("private use beside controls")
-            << (QString::fromUcs4(U"\U000F0000\U000F0001 \x0B \U000F0000"));
-        QTest::newRow("reference look-alike") << QString("&#11; written by hand\x01");
-        QTest::newRow("empty") << QString("");
+        addRow("markup", QString("a < b && c > d ]]> <![CDATA[ x ]]> &amp; \"q\" 'a'"));
+        addRow("blanks", QString("  leading\tand trailing \n\n  "));
+        addRow("only newline", QString("\n"));
+        addRow("carriage returns", QString("one\r\ntwo\rthree\n"));
+        addRow("non-BMP", QString::fromUtf8("caf\xC3\xA9 \xF0\x9F\x98\x80 \xF0\x9D\x84\x9E"));
+        addRow("vertical tab from a word processor", QString("line\x0B"
+                                                             "break\x0C"
+                                                             "page"));
+        addRow("nul and escape", (QString("a") + QChar(0) + QString("b\x1B[0m")));
+        addRow("noncharacters", (QString("x") + QChar(0xFFFE) + QChar(0xFFFF) + "y"));
+        addRow("lone surrogates", (QString("a") + QChar(0xD83D) + "b" + QChar(0xDE00) + "c"));
+        addRow("private use beside controls",
+               (QString::fromUcs4(U"\U000F0000\U000F0001 \x0B \U000F0000")));
+        addRow("reference look-alike", QString("&#11; written by hand\x01"));
+        addRow("empty", QString(""));
     }
 
     void everyCharacterOfTextSurvives()
@@ -187,29 +180,29 @@ private Q_SLOTS:
     void badDocumentsAreReportedNotGuessed_data()
     {
         QTest::addColumn<QByteArray>("document");
-        QTest::newRow("whitespace") << QByteArray(" \n\t ");
-        QTest::newRow("plain text") << QByteArray("abbr = expansion\n");
-        QTest::newRow("json") << QByteArray("{\"a\": \"b\"}");
-        QTest::newRow("html") << QByteArray("<html><body><p>hi</p></body></html>");
-        QTest::newRow("truncated") << wrap("<dict><key>a</key><string>b</string>").left(140);
-        QTest::newRow("unclosed string") << wrap("<dict><key>a</key><string>b</dict>");
-        QTest::newRow("key without value") << wrap("<dict><key>a</key></dict>");
-        QTest::newRow("value without key") << wrap("<dict><string>b</string></dict>");
-        QTest::newRow("text in dict") << wrap("<dict>stray<key>a</key><string>b</string></dict>");
-        QTest::newRow("element in string") << wrap("<string>a<b>c</b></string>");
-        QTest::newRow("unknown element") << wrap("<dictionary/>");
-        QTest::newRow("empty plist") << wrap("");
-        QTest::newRow("two values") << wrap("<string>a</string><string>b</string>");
-        QTest::newRow("bad integer") << wrap("<integer>12abc</integer>");
-        QTest::newRow("integer overflow") << wrap("<integer>-99999999999999999999</integer>");
-        QTest::newRow("bad real") << wrap("<real>one</real>");
-        QTest::newRow("bad base64") << wrap("<data>%%%%</data>");
-        QTest::newRow("bad date") << wrap("<date>yesterday</date>");
-        QTest::newRow("content in true") << wrap("<true>yes</true>");
-        QTest::newRow("undefined entity") << wrap("<string>&nbsp;</string>");
-        QTest::newRow("binary plist") << QByteArray("bplist00\xd1\x01\x02", 11);
-        QTest::newRow("deep nesting")
-            << wrap(QByteArray("<array>").repeated(2000) + QByteArray("</array>").repeated(2000));
+        addRow("whitespace", QByteArray(" \n\t "));
+        addRow("plain text", QByteArray("abbr = expansion\n"));
+        addRow("json", QByteArray("{\"a\": \"b\"}"));
+        addRow("html", QByteArray("<html><body><p>hi</p></body></html>"));
+        addRow("truncated", wrap("<dict><key>a</key><string>b</string>").left(140));
+        addRow("unclosed string", wrap("<dict><key>a</key><string>b</dict>"));
+        addRow("key without value", wrap("<dict><key>a</key></dict>"));
+        addRow("value without key", wrap("<dict><string>b</string></dict>"));
+        addRow("text in dict", wrap("<dict>stray<key>a</key><string>b</string></dict>"));
+        addRow("element in string", wrap("<string>a<b>c</b></string>"));
+        addRow("unknown element", wrap("<dictionary/>"));
+        addRow("empty plist", wrap(""));
+        addRow("two values", wrap("<string>a</string><string>b</string>"));
+        addRow("bad integer", wrap("<integer>12abc</integer>"));
+        addRow("integer overflow", wrap("<integer>-99999999999999999999</integer>"));
+        addRow("bad real", wrap("<real>one</real>"));
+        addRow("bad base64", wrap("<data>%%%%</data>"));
+        addRow("bad date", wrap("<date>yesterday</date>"));
+        addRow("content in true", wrap("<true>yes</true>"));
+        addRow("undefined entity", wrap("<string>&nbsp;</string>"));
+        addRow("binary plist", QByteArray("bplist00\xd1\x01\x02", 11));
+        addRow("deep nesting",
+               wrap(QByteArray("<array>").repeated(2000) + QByteArray("</array>").repeated(2000)));
     }
 
     void badDocumentsAreReportedNotGuessed()
@@ -230,7 +223,7 @@ private Q_SLOTS:
         QVERIFY(!PropertyList::read(path, &error).isValid());
         QVERIFY2(error.contains("does not exist"), qPrintable(error));
 
-        writeFile(path, "");
+        writeBytes(path, "");
         QVERIFY(!PropertyList::read(path, &error).isValid());
         QVERIFY2(error.contains("empty"), qPrintable(error));
 
