@@ -236,7 +236,16 @@ CSSStykeController *AppController::cssStyles()
 
 void AppController::showCSSStyleSelectorHudPanel()
 {
-    cssStyles()->showCSSStyleSelectorHudPanel();
+    CSSStykeController *panel = cssStyles();
+    if (!panel->isVisible() && !panel->property("placed").toBool()) {
+        // The first time, the panel floats just below the button that opened it.
+        QToolButton *button = m_window->styleButton();
+        panel->adjustSize();
+        const QPoint below = button->mapToGlobal(QPoint(button->width(), button->height() + 6));
+        panel->move(below.x() - panel->width(), below.y());
+        panel->setProperty("placed", true);
+    }
+    panel->showCSSStyleSelectorHudPanel();
 }
 
 OneClickStyleEditorController *AppController::tabActionEditor()
