@@ -185,6 +185,18 @@ private Q_SLOTS:
             QVERIFY2(!w->accessibleName().isEmpty(), w->metaObject()->className());
             QVERIFY2(!w->toolTip().isEmpty(), w->metaObject()->className());
         }
+        // Every menu item has its English text: a bare key means a missing translation entry.
+        const QRegularExpression bareKey("^[A-Z0-9]+_[A-Z0-9_]+$");
+        std::function<void(QMenu *)> visit = [&](QMenu *menu) {
+            for (QAction *action : menu->actions()) {
+                QVERIFY2(action->isSeparator() || !bareKey.match(action->text()).hasMatch(),
+                         qPrintable(action->text()));
+                if (action->menu())
+                    visit(action->menu());
+            }
+        };
+        for (QAction *top : window->menuBar()->actions())
+            visit(top->menu());
     }
 
 private:
