@@ -1,6 +1,7 @@
 #include "TaskController.h"
 
 #include "PhpCompileCache.h"
+#include "PhpConverterWorker.h"
 #include "app/AppPaths.h"
 
 #include <QDir>
@@ -159,7 +160,43 @@ QString TaskController::convert(int language, const QString &text)
         }
         arguments << m_phpScriptPath;
     }
+    QString html;
+    if (convertWithWorker(text, &html))
+        return html;
     return run(m_phpLaunchPath, arguments, text, language);
+}
+
+bool TaskController::convertWithWorker(const QString &text, QString *html) const
+{
+    if (m_phpLaunchPath != m_tools.php ||
+        QFileInfo(m_phpScriptPath).suffix() != QLatin1String("php") ||
+        !isExecutableFile(m_tools.php))
+        return false;
+    const QString script = converterResource(QStringLiteral("worker.php"));
+    PhpConverterWorker *worker = PhpConverterWorker::instance();
+    if (script.isEmpty() || !worker)
+        return false;
+    // The worker knows each language by the name of its single-text filter.
+    const QString keyWord = QFileInfo(m_phpScriptPath).completeBaseName();
+    PhpConverterWorker::Reply reply;
+    if (!worker->convert(m_tools.php, script, keyWord, text.toUtf8(), m_tools.timeoutMs, &reply))
+        return false;
+    if (reply.status != 0)
+        qCWarning(lcConversion, "Conversion: %s %s failed with status %d", qPrintable(m_tools.php),
+                  qPrintable(m_phpScriptPath), reply.status);
+    *html = decodeOutput(reply.html, m_tools.php);
+    return true;
+}
+
+QString TaskController::decodeOutput(const QByteArray &output, const QString &program)
+{
+    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    QString html = decoder.decode(output);
+    if (decoder.hasError()) {
+        qCWarning(lcConversion, "Conversion: %s wrote text that is not UTF-8", qPrintable(program));
+        return QString();
+    }
+    return html;
 }
 
 QString TaskController::run(const QString &program, const QStringList &arguments,
@@ -202,12 +239,5 @@ QString TaskController::run(const QString &program, const QStringList &arguments
         qCWarning(lcConversion, "Conversion: %s %s failed with status %d", qPrintable(program),
                   qPrintable(arguments.join(QLatin1Char(' '))), process.exitCode());
 
-    const QByteArray output = process.readAllStandardOutput();
-    QStringDecoder decoder(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    QString html = decoder.decode(output);
-    if (decoder.hasError()) {
-        qCWarning(lcConversion, "Conversion: %s wrote text that is not UTF-8", qPrintable(program));
-        return QString();
-    }
-    return html;
+    return decodeOutput(process.readAllStandardOutput(), program);
 }

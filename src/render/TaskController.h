@@ -4,10 +4,11 @@
 #include <QStringList>
 
 // Turns the text of an entry into an HTML body fragment by piping it through the converter of
-// a markup language, run as a child process. Conversion is synchronous: it returns once the
-// child has exited. The preview uses a fresh controller per conversion; an export run keeps
-// one for all its entries (the launch path carries over between calls, as documented on
-// setMarkUpLanguageScriptPathForSelection).
+// a markup language. The languages done in PHP go to one long-lived converter process shared by
+// the application, or, when that cannot answer, to their filter run as a child process of its
+// own like the other languages. Conversion is synchronous: it returns with the HTML. The preview
+// uses a fresh controller per conversion; an export run keeps one for all its entries (the launch
+// path carries over between calls, as documented on setMarkUpLanguageScriptPathForSelection).
 class TaskController
 {
 public:
@@ -48,6 +49,10 @@ public:
 private:
     QString converterResource(const QString &fileName) const;
     void installMultiMarkdownScript();
+    // Converts through the application's long-lived PHP worker when the language is done in
+    // PHP; false when the text must be converted by launching its filter instead.
+    bool convertWithWorker(const QString &text, QString *html) const;
+    static QString decodeOutput(const QByteArray &output, const QString &program);
     QString run(const QString &program, const QStringList &arguments, const QString &text,
                 int language) const;
 

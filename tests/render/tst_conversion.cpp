@@ -1,4 +1,5 @@
 #include "render/PhpCompileCache.h"
+#include "render/PhpConverterWorker.h"
 #include "render/TaskController.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
@@ -10,9 +11,12 @@
 #include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QtTest>
+
+#include <csignal>
 
 namespace {
 
@@ -29,6 +33,19 @@ QString writeTool(const QTemporaryDir &dir, const QString &name, const QByteArra
     return path;
 }
 
+// What a PHP filter prints when started on its own, as the app does without its worker.
+QString runFilter(const QString &script, const QString &text)
+{
+    QProcess filter;
+    filter.setProcessEnvironment(PhpCompileCache::environment());
+    filter.start(QStringLiteral("/usr/bin/php"), {script});
+    filter.write(text.toUtf8());
+    filter.closeWriteChannel();
+    if (!filter.waitForFinished(30000))
+        return QStringLiteral("(the filter did not finish)");
+    return QString::fromUtf8(filter.readAllStandardOutput());
+}
+
 const QString kWorld = QStringLiteral("Grüße aus Köln, 日本語, Ελληνικά, emoji 😀 and ß");
 
 } // namespace
@@ -37,7 +54,12 @@ class TestConversion : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void init() { TestHome::instance()->reset(); }
+    void init()
+    {
+        // A fresh home gets a fresh converter process, as a new session of the app would.
+        PhpConverterWorker::instance()->stop();
+        TestHome::instance()->reset();
+    }
 
     void realConvertersProduceHtml_data()
     {
@@ -94,6 +116,106 @@ private Q_SLOTS:
                QStringList{"<p>Note: the first line is text</p>", "Head</h1>", "id=\"fn-a\"",
                            "href=\"#fn-a\"", "<td>2</td>"},
                QStringList{"fn:a"});
+    }
+
+    // The long-lived worker answers exactly what the single-text filter prints, again and
+    // again: nothing of one conversion carries over to the next.
+    void workerMatchesTheFilters_data()
+    {
+        realConvertersProduceHtml_data();
+        const QStringList none;
+        addRow("markdown footnotes again", 1, QStringLiteral("A[^n] B[^m]\n\n[^m]: M\n[^n]: N\n"),
+               none, none);
+        addRow("bbcode malformed", 4, QStringLiteral("[b]x [i]y[/b] z [list][*]a"), none, none);
+        addRow("smark home image", 5, QStringLiteral("~/Pictures/a b.png\n"), none, none);
+        for (int language = 1; language <= 6; ++language) {
+            const QByteArray number = QByteArray::number(language);
+            addRow(QByteArray("world " + number).constData(), language, kWorld, none, none);
+            addRow(QByteArray("empty " + number).constData(), language, QString(), none, none);
+        }
+    }
+
+    void workerMatchesTheFilters()
+    {
+        QFETCH(int, language);
+        QFETCH(QString, source);
+        if (language == 7)
+            QSKIP("MultiMarkdown is not done in PHP");
+        TaskController controller;
+        controller.setMarkUpLanguageScriptPathForSelection(language);
+        const QString expected = runFilter(controller.phpScriptPath(), source);
+
+        for (int round = 0; round < 2; ++round) {
+            QCOMPARE(TaskController::convertStringWithMarkUpLanguage(language, source), expected);
+            QVERIFY(PhpConverterWorker::instance()->processId() != 0);
+        }
+    }
+
+    // A worker that cannot answer costs one log line and the time limit, never the text.
+    void brokenWorkerFallsBackToTheFilter_data()
+    {
+        QTest::addColumn<QByteArray>("worker");
+        QTest::addColumn<QString>("logged");
+        addRow("hangs", QByteArray("exec sleep 60"), QString("did not answer within 2000 ms"));
+        addRow("answers garbage",
+               QByteArray("printf 'this is not the reply you expected'; exec sleep 60"),
+               QString("not a reply"));
+        addRow("announces less than it sends",
+               QByteArray("head -c 14 >/dev/null; printf '0 2\\nabc'; exec sleep 60"),
+               QString("more than it announced"));
+        addRow("exits at once", QByteArray("exit 3"), QString("stopped before answering"));
+    }
+
+    void brokenWorkerFallsBackToTheFilter()
+    {
+        QFETCH(QByteArray, worker);
+        QFETCH(QString, logged);
+        QTemporaryDir dir;
+        TaskController::Tools tools;
+        tools.php = writeTool(dir, QStringLiteral("php"),
+                              "case \"$*\" in *worker.php) " + worker +
+                                  ";; esac\n"
+                                  "exec /usr/bin/php \"$@\"");
+        tools.timeoutMs = 2000;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(logged));
+        QElapsedTimer timer;
+        timer.start();
+        QCOMPARE(TaskController(tools).convert(1, QStringLiteral("*a*")),
+                 QStringLiteral("<p><em>a</em></p>\n"));
+        QVERIFY(timer.elapsed() < 10000);
+        QCOMPARE(PhpConverterWorker::instance()->processId(), 0);
+    }
+
+    void killedWorkerIsReplaced()
+    {
+        QCOMPARE(TaskController::convertStringWithMarkUpLanguage(4, QStringLiteral("[b]a[/b]")),
+                 QStringLiteral("<p><strong>a</strong></p>\n"));
+        const qint64 first = PhpConverterWorker::instance()->processId();
+        QVERIFY(first != 0);
+        ::kill(pid_t(first), SIGKILL);
+        // Whether the death is noticed before or while the next text is sent, the text arrives.
+        for (int i = 0; i < 2; ++i)
+            QCOMPARE(TaskController::convertStringWithMarkUpLanguage(4, kWorld),
+                     QStringLiteral("<p>") + kWorld + QStringLiteral("</p>\n"));
+        const qint64 second = PhpConverterWorker::instance()->processId();
+        QVERIFY(second != 0 && second != first);
+    }
+
+    void workerRoundTripsFourMegabytesAndIsRenewed()
+    {
+        QVERIFY(!TaskController::convertStringWithMarkUpLanguage(6, QStringLiteral("x")).isEmpty());
+        const qint64 first = PhpConverterWorker::instance()->processId();
+        QString source;
+        while (source.size() < 4 * 1024 * 1024)
+            source += kWorld + QStringLiteral("\n");
+        QCOMPARE(TaskController::convertStringWithMarkUpLanguage(6, source), source);
+        QCOMPARE(PhpConverterWorker::instance()->processId(), first);
+
+        for (int i = 2; i < PhpConverterWorker::kConversionsPerProcess; ++i)
+            TaskController::convertStringWithMarkUpLanguage(6, QStringLiteral("x"));
+        QCOMPARE(PhpConverterWorker::instance()->processId(), first);
+        QCOMPARE(TaskController::convertStringWithMarkUpLanguage(6, kWorld), kWorld);
+        QVERIFY(PhpConverterWorker::instance()->processId() != first);
     }
 
     void realConvertersProduceHtml()
@@ -213,17 +335,18 @@ private Q_SLOTS:
         }
     }
 
-    void phpKeepsCompiledScriptsInTheCacheFolder()
+    // The filters, started afresh for every text when the worker cannot answer, keep their
+    // compiled scripts; the worker itself compiles once per session into memory.
+    void phpFiltersKeepCompiledScriptsInTheCacheFolder()
     {
         const QString opcodes = PhpCompileCache::folder() + QStringLiteral("/opcache");
-        QVERIFY(TaskController::convertStringWithMarkUpLanguage(1, QStringLiteral("*x*"))
-                    .contains(QStringLiteral("<em>x</em>")));
+        const QString markdown = AppPaths::resource(QStringLiteral("converters/markdown.php"));
+        QCOMPARE(runFilter(markdown, QStringLiteral("*x*")), QStringLiteral("<p><em>x</em></p>\n"));
         QDirIterator compiled(opcodes, {QStringLiteral("*.bin")}, QDir::Files,
                               QDirIterator::Subdirectories);
         QVERIFY2(compiled.hasNext(), qPrintable(opcodes));
         // A second run reads them back and converts the same.
-        QVERIFY(TaskController::convertStringWithMarkUpLanguage(1, QStringLiteral("*x*"))
-                    .contains(QStringLiteral("<em>x</em>")));
+        QCOMPARE(runFilter(markdown, QStringLiteral("*x*")), QStringLiteral("<p><em>x</em></p>\n"));
     }
 
     void multiMarkdownIsUnpackedOnFirstUseOnly()

@@ -124,11 +124,18 @@ function vellox_replace_with_image($node): void
     $node->replaceWith($image);
 }
 
+// Building the environment costs more than converting a typical entry, so a long-lived
+// converter builds each flavour once. The converter keeps nothing of one document for the next.
+function vellox_commonmark_converter(bool $smark): MarkdownConverter
+{
+    static $converters = [];
+    return $converters[$smark] ??= new MarkdownConverter(vellox_commonmark_environment($smark));
+}
+
 function vellox_commonmark_convert(string $source, bool $smark): string
 {
     try {
-        $converter = new MarkdownConverter(vellox_commonmark_environment($smark));
-        return $converter->convert($source)->getContent();
+        return vellox_commonmark_converter($smark)->convert($source)->getContent();
     } catch (Throwable $error) {
         // Never hide the writer's text behind a parser failure: show it as it stands.
         fwrite(STDERR, 'Vellox converter: ' . $error->getMessage() . "\n");

@@ -1,0 +1,179 @@
+#include "PhpConverterWorker.h"
+
+#include "PhpCompileCache.h"
+
+#include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QLoggingCategory>
+#include <QProcess>
+#include <QThread>
+
+Q_DECLARE_LOGGING_CATEGORY(lcConversion)
+
+namespace {
+
+// A reply header is "<status> <byte count>\n"; anything longer is not one.
+constexpr qsizetype kLongestHeader = 32;
+
+} // namespace
+
+PhpConverterWorker::PhpConverterWorker(QObject *parent)
+    : QObject(parent)
+{}
+
+PhpConverterWorker::~PhpConverterWorker()
+{
+    stop();
+}
+
+PhpConverterWorker *PhpConverterWorker::instance()
+{
+    static QPointer<PhpConverterWorker> worker;
+    QCoreApplication *application = QCoreApplication::instance();
+    // The process belongs to the thread that started it; other threads convert on their own.
+    if (!application || QThread::currentThread() != application->thread())
+        return nullptr;
+    if (!worker)
+        worker = new PhpConverterWorker(application);
+    return worker;
+}
+
+qint64 PhpConverterWorker::processId() const
+{
+    return m_process && m_process->state() == QProcess::Running ? m_process->processId() : 0;
+}
+
+void PhpConverterWorker::stop()
+{
+    if (!m_process)
+        return;
+    QProcess *process = m_process;
+    m_process = nullptr;
+    m_conversions = 0;
+    if (process->state() != QProcess::NotRunning) {
+        // The end of its input is the worker's signal to finish; a stuck one is killed.
+        process->closeWriteChannel();
+        if (!process->waitForFinished(500)) {
+            process->kill();
+            process->waitForFinished(1000);
+        }
+    }
+    delete process;
+}
+
+void PhpConverterWorker::fail(const QString &problem)
+{
+    qCWarning(lcConversion,
+              "Conversion: the PHP converter worker %s; converting this text on its own",
+              qPrintable(problem));
+    if (m_process && m_process->state() != QProcess::NotRunning) {
+        m_process->kill();
+        m_process->waitForFinished(1000);
+    }
+    stop();
+}
+
+bool PhpConverterWorker::ensureStarted(const QString &php, const QString &script, int timeoutMs)
+{
+    if (m_process && (m_process->state() != QProcess::Running || m_php != php ||
+                      m_script != script || m_conversions >= kConversionsPerProcess))
+        stop();
+    if (m_process)
+        return true;
+
+    m_process = new QProcess(this);
+    m_php = php;
+    m_script = script;
+    // The converters' complaints belong in the same log as ours.
+    m_process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
+    m_process->setProcessEnvironment(PhpCompileCache::environment());
+    // A process that lives this long pays for the compiler's shared memory and its JIT, which
+    // roughly halves the time the Markdown parser needs for a long entry.
+    m_process->start(php, {QStringLiteral("-d"), QStringLiteral("opcache.enable_cli=1"),
+                           QStringLiteral("-d"), QStringLiteral("opcache.file_cache_only=0"),
+                           QStringLiteral("-d"), QStringLiteral("opcache.memory_consumption=32"),
+                           QStringLiteral("-d"), QStringLiteral("opcache.jit_buffer_size=32M"),
+                           QStringLiteral("-d"), QStringLiteral("opcache.jit=tracing"), script});
+    if (!m_process->waitForStarted(timeoutMs)) {
+        fail(QStringLiteral("cannot be started: ") + m_process->errorString());
+        return false;
+    }
+    return true;
+}
+
+bool PhpConverterWorker::convert(const QString &php, const QString &script, const QString &keyWord,
+                                 const QByteArray &text, int timeoutMs, Reply *reply)
+{
+    if (!ensureStarted(php, script, timeoutMs))
+        return false;
+    ++m_conversions;
+    const QByteArray header = keyWord.toUtf8() + ' ' + QByteArray::number(text.size()) + '\n';
+    if (m_process->write(header) != header.size() || m_process->write(text) != text.size()) {
+        fail(QStringLiteral("cannot be given the text"));
+        return false;
+    }
+    QString problem;
+    if (!readReply(timeoutMs, reply, &problem)) {
+        fail(problem);
+        return false;
+    }
+    return true;
+}
+
+bool PhpConverterWorker::readReply(int timeoutMs, Reply *reply, QString *problem)
+{
+    const QDeadlineTimer deadline(timeoutMs);
+    QByteArray buffer;
+    qsizetype bodyStart = -1;
+    qsizetype length = 0;
+    while (true) {
+        // Waiting for output also feeds whatever of the request is still unwritten.
+        buffer += m_process->readAllStandardOutput();
+        if (bodyStart < 0) {
+            const qsizetype end = buffer.indexOf('\n');
+            if (end < 0 && buffer.size() > kLongestHeader) {
+                *problem = QStringLiteral("answered something that is not a reply");
+                return false;
+            }
+            if (end >= 0) {
+                const QList<QByteArray> fields = buffer.left(end).split(' ');
+                bool statusOk = false;
+                bool lengthOk = false;
+                if (fields.size() == 2) {
+                    reply->status = fields[0].toInt(&statusOk);
+                    length = fields[1].toLongLong(&lengthOk);
+                }
+                if (!statusOk || !lengthOk || length < 0) {
+                    *problem = QStringLiteral("answered something that is not a reply");
+                    return false;
+                }
+                bodyStart = end + 1;
+            }
+        }
+        if (bodyStart >= 0 && buffer.size() - bodyStart >= length) {
+            if (buffer.size() - bodyStart > length) {
+                *problem = QStringLiteral("answered more than it announced");
+                return false;
+            }
+            reply->html = buffer.mid(bodyStart);
+            return true;
+        }
+        if (m_process->state() != QProcess::Running) {
+            *problem = QStringLiteral("stopped before answering");
+            return false;
+        }
+        if (!deadline.hasExpired() && m_process->waitForReadyRead(deadline.remainingTime()))
+            continue;
+        if (m_process->bytesAvailable() > 0 || m_process->state() != QProcess::Running)
+            continue;
+        if (deadline.hasExpired()) {
+            *problem = QStringLiteral("did not answer within %1 ms").arg(timeoutMs);
+            return false;
+        }
+        // Waiting ended early without output from a running worker.
+        if (m_process->error() == QProcess::WriteError) {
+            *problem = QStringLiteral("stopped reading");
+            return false;
+        }
+    }
+}
