@@ -2,8 +2,8 @@
 // rebuild (conversion, page, web view load) for a 2 KB and a 200 KB Markdown entry and for
 // a page large enough to go through a file. Prints the median of several runs.
 
-#include "app/AppPaths.h"
-#include "app/UserDefaults.h"
+#include "core/AppPaths.h"
+#include "core/UserDefaults.h"
 #include "render/PreviewPage.h"
 #include "render/TaskController.h"
 #include "render/widgets/PreviewController.h"

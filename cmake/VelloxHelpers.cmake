@@ -20,38 +20,39 @@ function(vellox_add_benchmark)
     target_link_libraries(${B_NAME} PRIVATE ${B_LIBS})
 endfunction()
 
-# vellox_subsystem(NAME name [DEPS lib ...] [WIDGET_DEPS lib ...])
-# The folder's *.cpp become vellox_<name> (logic: QtCore/QtGui, ICU, no widgets); the
-# files under widgets/ become vellox_<name>_widgets (views and controllers of windows).
+# vellox_subsystem(NAME name [QT module ...] [DEPS lib ...]
+#                  [WIDGET_QT module ...] [WIDGET_DEPS lib ...])
+# The folder's *.cpp become vellox_<name> (window-free logic, linking only the Qt modules named
+# in QT, Core by default); the files under widgets/ become vellox_<name>_widgets (views and
+# window controllers, Widgets plus WIDGET_QT). DEPS may name only lower layers.
 function(vellox_subsystem)
-    cmake_parse_arguments(S "" "NAME" "DEPS;WIDGET_DEPS" ${ARGN})
+    cmake_parse_arguments(S "" "NAME" "QT;DEPS;WIDGET_QT;WIDGET_DEPS" ${ARGN})
+    set(qt_logic Qt6::Core)
+    foreach(module ${S_QT})
+        list(APPEND qt_logic Qt6::${module})
+    endforeach()
+    set(qt_widgets Qt6::Widgets)
+    foreach(module ${S_WIDGET_QT})
+        list(APPEND qt_widgets Qt6::${module})
+    endforeach()
     file(GLOB logic CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/*.cpp
                                       ${CMAKE_CURRENT_SOURCE_DIR}/*.h)
     set(lib vellox_${S_NAME})
     if(logic)
         add_library(${lib} STATIC ${logic})
         target_include_directories(${lib} PUBLIC ${CMAKE_SOURCE_DIR}/src)
-        target_link_libraries(${lib} PUBLIC Qt6::Core Qt6::Gui Qt6::Concurrent ICU::uc ICU::i18n
-                                            ${S_DEPS})
-        target_compile_definitions(${lib} PRIVATE
-            VELLOX_DATA_SUBDIR="${VELLOX_DATA_SUBDIR}"
-            VELLOX_BUILD_RESOURCES="${VELLOX_BUILD_RESOURCES}"
-            VELLOX_SOURCE_RESOURCES="${VELLOX_SOURCE_RESOURCES}")
+        target_link_libraries(${lib} PUBLIC ${qt_logic} ${S_DEPS})
     else()
         add_library(${lib} INTERFACE)
         target_include_directories(${lib} INTERFACE ${CMAKE_SOURCE_DIR}/src)
-        target_link_libraries(${lib} INTERFACE Qt6::Core Qt6::Gui ${S_DEPS})
+        target_link_libraries(${lib} INTERFACE ${qt_logic} ${S_DEPS})
     endif()
     file(GLOB views CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/widgets/*.cpp
                                       ${CMAKE_CURRENT_SOURCE_DIR}/widgets/*.h)
     if(views)
         add_library(${lib}_widgets STATIC ${views})
-        target_link_libraries(${lib}_widgets PUBLIC ${lib} Qt6::Widgets Qt6::WebEngineWidgets
-                                                    Qt6::PrintSupport Qt6::DBus Qt6::Network
+        target_link_libraries(${lib}_widgets PUBLIC ${lib} vellox_widgets_common ${qt_widgets}
                                                     ${S_WIDGET_DEPS})
-    else()
-        add_library(${lib}_widgets INTERFACE)
-        target_link_libraries(${lib}_widgets INTERFACE ${lib} ${S_WIDGET_DEPS})
     endif()
 endfunction()
 

@@ -3,6 +3,7 @@
 set -euo pipefail
 root="$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)"
 "$root/scripts/install-deps.sh"
+"$root/scripts/check.sh"
 "$root/scripts/build.sh"
 cd "$root/build"
 export QT_QPA_PLATFORM=offscreen

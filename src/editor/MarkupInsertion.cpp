@@ -2,11 +2,11 @@
 
 #include "TextClasses.h"
 #include "TextEditorModel.h"
-#include "app/AppPaths.h"
-#include "app/UserDefaults.h"
+#include "core/AppPaths.h"
+#include "core/PropertyList.h"
+#include "core/RegexCache.h"
+#include "core/UserDefaults.h"
 #include "render/MarkupLanguage.h"
-#include "support/PropertyList.h"
-#include "support/RegexCache.h"
 
 #if __has_include("render/TaskController.h")
 #include "render/TaskController.h"

@@ -1,8 +1,8 @@
 #include "TabActionStore.h"
 
-#include "app/AppPaths.h"
-#include "app/UserDefaults.h"
-#include "support/PropertyList.h"
+#include "core/AppPaths.h"
+#include "core/PropertyList.h"
+#include "core/UserDefaults.h"
 
 #include <QCollator>
 #include <QDateTime>

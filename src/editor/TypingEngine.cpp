@@ -3,8 +3,8 @@
 #include "ListNumbering.h"
 #include "TextClasses.h"
 #include "TextEditorModel.h"
-#include "app/UserDefaults.h"
-#include "support/RegexCache.h"
+#include "core/RegexCache.h"
+#include "core/UserDefaults.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 #include "CursorPositionStore.h"
 
 #include "ExtendedAttributes.h"
-#include "app/AppPaths.h"
+#include "core/AppPaths.h"
 
 #include <QFileInfo>
 #include <QSettings>

@@ -1,7 +1,7 @@
 #include "EntryDirectory.h"
 
 #include "EntryFile.h"
-#include "app/UserDefaults.h"
+#include "core/UserDefaults.h"
 
 #include <QDir>
 #include <QFile>

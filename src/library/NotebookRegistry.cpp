@@ -1,6 +1,6 @@
 #include "NotebookRegistry.h"
 
-#include "app/UserDefaults.h"
+#include "core/UserDefaults.h"
 
 #include <QFileInfo>
 #include <QImageReader>

@@ -1,6 +1,6 @@
 #include "MarkupLanguage.h"
 
-#include "app/UserDefaults.h"
+#include "core/UserDefaults.h"
 
 namespace MarkupLanguage {
 

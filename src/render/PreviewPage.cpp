@@ -1,7 +1,7 @@
 #include "PreviewPage.h"
 
-#include "app/AppPaths.h"
-#include "app/UserDefaults.h"
+#include "core/AppPaths.h"
+#include "core/UserDefaults.h"
 
 #include <QFile>
 

@@ -2,7 +2,7 @@
 
 #include "PhpCompileCache.h"
 #include "PhpConverterWorker.h"
-#include "app/AppPaths.h"
+#include "core/AppPaths.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,8 +1,8 @@
 #include "IconChooserDialog.h"
 
-#include "app/AppPaths.h"
-#include "app/NotificationCenter.h"
-#include "app/Notifications.h"
+#include "core/AppPaths.h"
+#include "core/NotificationCenter.h"
+#include "core/Notifications.h"
 
 #include <QDialogButtonBox>
 #include <QDir>

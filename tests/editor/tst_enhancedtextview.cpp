@@ -1,11 +1,11 @@
-#include "app/NotificationCenter.h"
-#include "app/Notifications.h"
-#include "app/UserDefaults.h"
+#include "core/NotificationCenter.h"
+#include "core/Notifications.h"
+#include "core/PropertyList.h"
+#include "core/UserDefaults.h"
 #include "editor/TabActionStore.h"
 #include "editor/TextEditorModel.h"
 #include "editor/widgets/EditorCommands.h"
 #include "editor/widgets/Vellox_EnhancedTextView.h"
-#include "support/PropertyList.h"
 #include "support/TestHome.h"
 
 #include <QAction>

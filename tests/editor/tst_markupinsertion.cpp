@@ -1,7 +1,7 @@
 #include "EditorFixture.h"
-#include "app/UserDefaults.h"
+#include "core/PropertyList.h"
+#include "core/UserDefaults.h"
 #include "editor/MarkupInsertion.h"
-#include "support/PropertyList.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
 

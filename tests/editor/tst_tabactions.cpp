@@ -1,8 +1,8 @@
-#include "app/AppPaths.h"
-#include "app/UserDefaults.h"
+#include "core/AppPaths.h"
+#include "core/PropertyList.h"
+#include "core/UserDefaults.h"
 #include "editor/TabActionStore.h"
 #include "editor/TabActionTableModel.h"
-#include "support/PropertyList.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
 

@@ -1,5 +1,5 @@
 #include "EditorFixture.h"
-#include "app/UserDefaults.h"
+#include "core/UserDefaults.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
 

@@ -1,4 +1,4 @@
-#include "app/UserDefaults.h"
+#include "core/UserDefaults.h"
 #include "library/CursorPositionStore.h"
 #include "library/EntryDirectory.h"
 #include "library/EntryFile.h"

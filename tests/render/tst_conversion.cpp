@@ -4,7 +4,7 @@
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
 
-#include "app/AppPaths.h"
+#include "core/AppPaths.h"
 
 #include <QDir>
 #include <QDirIterator>

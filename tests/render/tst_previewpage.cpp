@@ -1,5 +1,5 @@
-#include "app/AppPaths.h"
-#include "app/UserDefaults.h"
+#include "core/AppPaths.h"
+#include "core/UserDefaults.h"
 #include "render/PreviewPage.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"

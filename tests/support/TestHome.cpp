@@ -1,7 +1,7 @@
 #include "TestHome.h"
 
-#include "app/Localisation.h"
-#include "app/UserDefaults.h"
+#include "core/Localisation.h"
+#include "core/UserDefaults.h"
 
 #include <QDir>
 #include <QStandardPaths>

@@ -3,9 +3,9 @@
 #include "AppController.h"
 #include "MainWindow.h"
 #include "PreferencesController.h"
-#include "app/AppPaths.h"
-#include "app/StyleFolderSeeder.h"
-#include "app/UserDefaults.h"
+#include "core/AppPaths.h"
+#include "core/UserDefaults.h"
+#include "render/StyleFolderSeeder.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,9 +1,9 @@
 #include "PreferencesController.h"
 
 #include "NotebookOrderModel.h"
-#include "app/NotificationCenter.h"
-#include "app/Notifications.h"
-#include "app/UserDefaults.h"
+#include "core/NotificationCenter.h"
+#include "core/Notifications.h"
+#include "core/UserDefaults.h"
 #include "library/NotebookRegistry.h"
 #include "widgets/Alert.h"
 #include "widgets/FolderChooser.h"

@@ -1,8 +1,8 @@
 #include "AppController.h"
 #include "CollcetionViewCalendarAppDelegate.h"
 #include "MainWindow.h"
-#include "app/Localisation.h"
-#include "app/UserDefaults.h"
+#include "core/Localisation.h"
+#include "core/UserDefaults.h"
 #include "library/TerminationSignalHandler.h"
 
 #include <QApplication>

@@ -1,9 +1,9 @@
 #include "EnhancedTextView.h"
 
 #include "ViewTextBuffer.h"
-#include "app/NotificationCenter.h"
-#include "app/Notifications.h"
-#include "app/UserDefaults.h"
+#include "core/NotificationCenter.h"
+#include "core/Notifications.h"
+#include "core/UserDefaults.h"
 #include "editor/LineCommands.h"
 #include "editor/ListNumbering.h"
 #include "editor/MarkupInsertion.h"

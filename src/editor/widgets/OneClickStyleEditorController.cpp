@@ -1,6 +1,6 @@
 #include "OneClickStyleEditorController.h"
 
-#include "app/UserDefaults.h"
+#include "core/UserDefaults.h"
 #include "editor/TabActionStore.h"
 #include "editor/TabActionTableModel.h"
 #include "widgets/Alert.h"

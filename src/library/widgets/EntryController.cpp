@@ -1,9 +1,9 @@
 #include "EntryController.h"
 
-#include "app/AppPaths.h"
-#include "app/NotificationCenter.h"
-#include "app/Notifications.h"
-#include "app/UserDefaults.h"
+#include "core/AppPaths.h"
+#include "core/NotificationCenter.h"
+#include "core/Notifications.h"
+#include "core/UserDefaults.h"
 #include "library/CursorPositionStore.h"
 #include "library/EntryFile.h"
 #include "library/EntryListModel.h"

@@ -1,7 +1,7 @@
 #include "PlainEditorChangePoster.h"
 
-#include "app/NotificationCenter.h"
-#include "app/Notifications.h"
+#include "core/NotificationCenter.h"
+#include "core/Notifications.h"
 
 #include <QPlainTextEdit>
 

@@ -21,15 +21,24 @@ QString cssStyleFolder()
            QStringLiteral("/Vellox/CSSStyles/");
 }
 
+// An installed binary finds everything under its own prefix (share/vellox beside bin/) and
+// nowhere else, so a copy installed from a tree that later changes never reads that tree.
+// Only a binary run from its build folder falls back to the build and source trees.
+QStringList resourceRoots()
+{
+    if (QCoreApplication::instance()) {
+        const QString installed =
+            QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/../") +
+                            QStringLiteral(VELLOX_DATA_SUBDIR));
+        if (QFileInfo(installed).isDir())
+            return {installed};
+    }
+    return {QStringLiteral(VELLOX_BUILD_RESOURCES), QStringLiteral(VELLOX_SOURCE_RESOURCES)};
+}
+
 QString resource(const QString &relativePath)
 {
-    QStringList roots;
-    if (QCoreApplication::instance()) {
-        roots << QCoreApplication::applicationDirPath() + QStringLiteral("/../") +
-                     QStringLiteral(VELLOX_DATA_SUBDIR);
-    }
-    roots << QStringLiteral(VELLOX_BUILD_RESOURCES) << QStringLiteral(VELLOX_SOURCE_RESOURCES);
-    for (const QString &root : std::as_const(roots)) {
+    for (const QString &root : resourceRoots()) {
         const QString candidate = QDir::cleanPath(root + QLatin1Char('/') + relativePath);
         if (QFileInfo::exists(candidate))
             return candidate;

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "core/Settings.h"
+
 #include <QColor>
 #include <QList>
 #include <QObject>
@@ -46,6 +48,28 @@ public:
     void setColor(const QString &key, const QColor &color);
     void setRecords(const QString &key, const QList<QVariantMap> &records);
     void removeObjectForKey(const QString &key);
+
+    // Typed access through the settings table; the way code outside core/ reads and writes.
+    bool value(const Setting<bool> &s) const { return boolForKey(s.name()); }
+    int value(const Setting<int> &s) const { return integerForKey(s.name()); }
+    QString value(const Setting<QString> &s) const { return stringForKey(s.name()); }
+    QColor value(const Setting<QColor> &s) const { return colorForKey(s.name()); }
+    RecordList value(const Setting<RecordList> &s) const { return recordsForKey(s.name()); }
+    QByteArray value(const Setting<QByteArray> &s) const
+    {
+        return objectForKey(s.name()).toByteArray();
+    }
+    void setValue(const Setting<bool> &s, bool v) { setBool(s.name(), v); }
+    void setValue(const Setting<int> &s, int v) { setInteger(s.name(), v); }
+    void setValue(const Setting<QString> &s, const QString &v) { setString(s.name(), v); }
+    void setValue(const Setting<QColor> &s, const QColor &v) { setColor(s.name(), v); }
+    void setValue(const Setting<RecordList> &s, const RecordList &v) { setRecords(s.name(), v); }
+    void setValue(const Setting<QByteArray> &s, const QByteArray &v) { setObject(s.name(), v); }
+    template <typename T> bool hasStoredValue(const Setting<T> &s) const
+    {
+        return hasStoredValue(s.name());
+    }
+    template <typename T> void remove(const Setting<T> &s) { removeObjectForKey(s.name()); }
 
     void sync();
     QString filePath() const;

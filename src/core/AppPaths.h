@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 // Where Vellox keeps its own files: the per-user support folder and the shipped resources.
 namespace AppPaths {
@@ -9,8 +10,10 @@ QString supportFolder();
 // ~/.local/share/Vellox/CSSStyles/ (with the trailing slash).
 QString cssStyleFolder();
 // A shipped resource by relative name ("styles/Standard.css", "converters/markdown.php"):
-// the installed data folder first, then the build tree, then the source tree.
+// under the install prefix when installed, else the build tree, then the source tree.
 QString resource(const QString &relativePath);
+// Where resources are looked for, in order.
+QStringList resourceRoots();
 // Expands a leading "~" to the home folder.
 QString expandTilde(const QString &path);
 } // namespace AppPaths

@@ -1,4 +1,4 @@
-#include "support/RegexCache.h"
+#include "core/RegexCache.h"
 #include "support/TestHome.h"
 
 #include <QtTest>

@@ -1,5 +1,5 @@
-#include "app/NotificationCenter.h"
-#include "app/UserDefaults.h"
+#include "core/NotificationCenter.h"
+#include "core/UserDefaults.h"
 #include "support/TestHome.h"
 
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "support/PropertyList.h"
+#include "core/PropertyList.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
 

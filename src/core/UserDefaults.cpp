@@ -15,6 +15,24 @@ std::unique_ptr<UserDefaults> g_standard;
 // Keys whose value is a list of records, stored as QSettings arrays.
 const QStringList kRecordListKeys = {QStringLiteral("DiarySaveDestinations")};
 
+// Defaults as the INI file would hold them: text for strings and "#AARRGGBB" colours.
+QVariant defaultValue(const char *text)
+{
+    return QString::fromUtf8(text);
+}
+QVariant defaultValue(const QString &text)
+{
+    return text;
+}
+QVariant defaultValue(int number)
+{
+    return number;
+}
+QVariant defaultValue(bool flag)
+{
+    return flag;
+}
+
 QString selectedTextBackground()
 {
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance()))
@@ -93,66 +111,13 @@ void UserDefaults::checkReadable()
 
 QList<QPair<QString, QVariant>> UserDefaults::defaultsTable()
 {
-    const QString black = QStringLiteral("#ff000000");
-    const QString white = QStringLiteral("#ffffffff");
-    return {
-        {"TextViewFontColor", black},
-        {"TextViewBackgroundColor", white},
-        {"TextViewSelectedColor", selectedTextBackground()},
-        {"EditorSelectedTextColorActive", 0},
-        {"TextViewFontStyle", QStringLiteral("Helvetica Neue")},
-        {"TextViewFontSize", 12},
-        {"TextViewTextAlignment", 0},
-        {"TextViewLineSpacing", 2},
-        {"TextViewHeadlineIndention", 5},
-        {"TextViewParagraphSpacing", 2},
-        {"TextViewMarginSpacing", 10},
-        {"TextViewCursorWidth", 0},
-        {"TextViewCursorHeigth", 0},
-        {"TextViewCursorColorChoose", 0},
-        {"TextViewCursorColorSelection ", black},
-        {"EditorShowLineGutters", 0},
-        {"EditorLineGutterColorFontSameAsText", 0},
-        {"TextViewShowScrollbars", 0},
-        {"TextViewUseTypeWriterScrolling", 0},
-        {"TextViewCheckSpelling", 1},
-        {"TextViewCheckGrammar", 0},
-        {"TextViewAutocorrectSpelling", 0},
-        {"TextViewPerformTextReplacement", 1},
-        {"TextViewLinkDetection", 0},
-        {"TextViewDataDetection", 0},
-        {"TextViewDashSubstitution", 0},
-        {"FullscreenBackgroundColor", black},
-        {"FullscreenUseBackgroundImage", 0},
-        {"FullscreenTextviewWidth", 50},
-        {"FullscreenTextviewHeight", 50},
-        {"TypographyUseQuoteStyle", 0},
-        {"TypographyAutoPairBraces", 0},
-        {"TypographyUseMarkupLanguage", 1},
-        {"EncodingOpeningBehavior", 0},
-        {"EncodingOpeningManualEncoding", 4},
-        {"EncodingSavingBehavior", 0},
-        {"EncodingSavingManualEncoding", 4},
-        {"MarkupIsSelectedMarkdown", true},
-        {"MarkupIsSelectedTextile", false},
-        {"MarkupIsSelectedWikitext", false},
-        {"MarkupIsSelectedBBCode", false},
-        {"MarkupIsSelectedSmark", false},
-        {"MarkupIsSelectedHTML", false},
-        {"MarkupIsSelectedMultiMarkdown", false},
-        {"defaultFileExtensionForEntries", QStringLiteral("txt")},
-        {"PrefPrinterFontColor", black},
-        {"PrefPrinterFontStyle", QStringLiteral("Helvetica Neue")},
-        {"PrefPrinterFontSize", 12},
-        {"SelectedCSSStyle", QStringLiteral("Standard.css")},
-        {"FILEBROWSER_DISLAY_NUMBER_ROWS", 0},
-        {"FILEBROWSER_DISLAY_DATES_ROWS", 1},
-        {"FILEBROWSER_DISLAY_NUMBER_ROWS_COUNT", 2},
-        {"FILEBROWSER_DISLAY_TITLE_FONT_SIZE", 12},
-        {"FILEBROWSER_DISLAY_INFOTEXT_FONT_SIZE", 11},
-        {"NOTES_DISPLAY_DATE_FONT_SIZE", 12},
-        {"NOTES_DISPLAY_TEXT_FONT_SIZE", 11},
-    };
+    const QString PlatformSelectionColor = selectedTextBackground();
+    QList<QPair<QString, QVariant>> table;
+#define VELLOX_DEFAULT_ENTRY(name, key, type, value)                                               \
+    table.append({QStringLiteral(key), defaultValue(value)});
+    VELLOX_REGISTERED_SETTINGS(VELLOX_DEFAULT_ENTRY)
+#undef VELLOX_DEFAULT_ENTRY
+    return table;
 }
 
 void UserDefaults::registerDefaults(const QList<QPair<QString, QVariant>> &table)
