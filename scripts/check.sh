@@ -46,4 +46,8 @@ while IFS=: read -r file _ line; do
         status=1
     fi
 done < <(grep -rnE '^#include *"' src --include='*.cpp' --include='*.h')
+if ! python3 "$root/scripts/sync-translations.py" --check; then
+    echo "check: run scripts/sync-translations.py to add the missing English texts"
+    status=1
+fi
 exit $status

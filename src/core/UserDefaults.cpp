@@ -103,7 +103,8 @@ void UserDefaults::checkReadable()
         return;
     const QString backup = path + QStringLiteral(".damaged-") +
                            QDateTime::currentDateTime().toString(QStringLiteral("yyyyMMdd-HHmmss"));
-    QFile::copy(path, backup);
+    if (QFile::copy(path, backup))
+        m_damagedBackup = backup;
     qWarning().noquote() << "ERROR: settings file" << path << "is damaged (" << damagedLines
                          << "unreadable lines); using what could be read, the original is kept at"
                          << backup;

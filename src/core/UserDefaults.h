@@ -73,6 +73,8 @@ public:
 
     void sync();
     QString filePath() const;
+    // Where a damaged settings file was copied aside when this store opened it, or "".
+    QString damagedFileBackup() const { return m_damagedBackup; }
 
     static QString colorToString(const QColor &color);
     static QColor colorFromString(const QString &text);
@@ -86,4 +88,5 @@ private:
     std::unique_ptr<QSettings> m_settings;
     QVariantMap m_defaults;
     QStringList m_arrayKeys;
+    QString m_damagedBackup;
 };

@@ -51,7 +51,9 @@ QStringList NotebookRegistry::getDiaryTitles() const
 
 QString NotebookRegistry::savePathForIndex(int index) const
 {
-    return record(index).value(PathKey).toString() + QLatin1Char('/');
+    // A notebook without a folder has no path at all: never "/", the file-system root.
+    const QString path = record(index).value(PathKey).toString();
+    return path.isEmpty() ? QString() : path + QLatin1Char('/');
 }
 
 QString NotebookRegistry::iconPathForFolder(const QString &folder)

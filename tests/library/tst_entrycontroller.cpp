@@ -3,15 +3,15 @@
 #include "core/UserDefaults.h"
 #include "editor/widgets/Vellox_EnhancedTextView.h"
 #include "library/CursorPositionStore.h"
-#include "library/EntryFile.h"
 #include "library/EntryListModel.h"
 #include "library/FileLock.h"
 #include "library/TerminationSignalHandler.h"
 #include "library/widgets/EntryController.h"
-#include "library/widgets/PlainEditorChangePoster.h"
+#include "library/widgets/EntryMessages.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
 #include "widgets/Alert.h"
+#include "widgets/MessageBar.h"
 
 #include <QDir>
 #include <QFile>
@@ -20,6 +20,7 @@
 #include <QListView>
 #include <QPlainTextEdit>
 #include <QProcess>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
@@ -51,23 +52,24 @@ QByteArray cursorAttribute(const QString &path)
 struct EntryWindow
 {
     QWidget window;
-    QPlainTextEdit *editor;
+    QPlainTextEdit *editor = new Vellox_EnhancedTextView;
     QLineEdit *title = new QLineEdit;
     QListView *list = new QListView;
     QLabel *counter = new QLabel;
+    MessageBar *bar = new MessageBar;
     std::unique_ptr<EntryController> controller;
 
-    explicit EntryWindow(const QString &notebook, bool entryEditor = false)
-        : editor(entryEditor ? new Vellox_EnhancedTextView : new QPlainTextEdit)
+    explicit EntryWindow(const QString &notebook)
     {
         auto *layout = new QVBoxLayout(&window);
         layout->addWidget(title);
         layout->addWidget(list);
+        layout->addWidget(bar);
         layout->addWidget(editor);
         layout->addWidget(counter);
-        if (!entryEditor)
-            new PlainEditorChangePoster(editor);
-        controller = std::make_unique<EntryController>(editor, title, list, counter);
+        controller = std::make_unique<EntryController>(editor, title, list, counter,
+                                                       UserDefaults::standard());
+        new EntryMessages(controller.get(), bar, title, controller.get());
         controller->attachToWindow(&window);
         window.resize(600, 500);
         window.show();
@@ -157,7 +159,7 @@ private Q_SLOTS:
                     ->data(c.model()->index(0), Qt::DisplayRole)
                     .toString()
                     .startsWith("  Alpha\n    Created: "));
-        QCOMPARE(c.heightOfFileTableRow(), 12 + 5 + 14 * 2);
+        QCOMPARE(c.list()->heightOfFileTableRow(), 12 + 5 + 14 * 2);
         QVERIFY(!c.editor().isEditable());
         QCOMPARE(w.editor->toPlainText(), QString("Enter a title to write a note"));
 
@@ -169,9 +171,8 @@ private Q_SLOTS:
         QCOMPARE(c.editor().selectedLocation(), 6);
         QCOMPARE(w.counter->text(), QString("2:11"));
         QCOMPARE(c.loadedString(), QString("Hello world"));
-        QCOMPARE(c.selectedEncodingForFileSaving(), 4);
-        QCOMPARE(c.lastModificationDateOfCurrentFile(),
-                 QFileInfo(m_notebook + "Alpha.txt").lastModified());
+        QCOMPARE(c.document().format().encoding, 4);
+        QCOMPARE(c.document().stamp().modified, QFileInfo(m_notebook + "Alpha.txt").lastModified());
         QCOMPARE(dates.last(), QString("Alpha"));
         QCOMPARE(preview.count(), 1);
         QCOMPARE(preview.at(0).at(1).toString(), m_notebook + "Alpha.txt");
@@ -188,23 +189,15 @@ private Q_SLOTS:
         QCOMPARE(w.controller->model()->rowCount(), 0);
     }
 
-    void keystrokesWriteOnceOneSecondAfterTheLast_data()
-    {
-        QTest::addColumn<bool>("entryEditor");
-        addRow("plain text view", false);
-        addRow("entry editor", true);
-    }
-
     void keystrokesWriteOnceOneSecondAfterTheLast()
     {
-        QFETCH(bool, entryEditor);
         const QString alpha = m_notebook + "Alpha.txt";
         writeBytes(alpha, "Alpha\xC2\xA0text");
         writeBytes(m_notebook + "Beta.txt", "Beta");
         setModified(alpha, QDateTime::currentDateTime().addDays(-2));
         QVERIFY(setxattr(QFile::encodeName(alpha).constData(),
                          "user.com.tessaly.metadata:DocumentCursorPosition", "99", 2, 0) == 0);
-        EntryWindow w(m_notebook, entryEditor);
+        EntryWindow w(m_notebook);
         QVERIFY(!w.controller->editor().isEditable());
         w.select(0);
         QCOMPARE(w.controller->editor().string(), QString::fromUtf8("Alpha\u00a0text"));
@@ -222,10 +215,8 @@ private Q_SLOTS:
         QTest::qWait(1300);
         QCOMPARE(saved.count(), 1);
         QCOMPARE(readBytes(alpha), QByteArray("Alpha\xC2\xA0textabcde"));
-        QCOMPARE(QFileInfo(alpha).lastModified(),
-                 w.controller->lastModificationDateOfCurrentFile());
-        QVERIFY(w.controller->lastModificationDateOfCurrentFile().secsTo(
-                    QDateTime::currentDateTime()) < 10);
+        QCOMPARE(QFileInfo(alpha).lastModified(), w.controller->document().stamp().modified);
+        QVERIFY(QFileInfo(alpha).lastModified().secsTo(QDateTime::currentDateTime()) < 10);
         QCOMPARE(cursorAttribute(alpha), QByteArray("15"));
         QVERIFY(!w.controller->currentDocumentHasEdits());
         // The list's rows are rebuilt off the UI thread and then show the new date.
@@ -259,7 +250,7 @@ private Q_SLOTS:
         w.select(0);
         w.moveCursorToEnd();
         w.type(" more");
-        UserDefaults::standard().setString("defaultFileExtensionForEntries", "md");
+        UserDefaults::standard().setValue(Settings::DefaultFileExtensionForEntries, QString("md"));
         NotificationCenter::defaultCenter().post(Notifications::ReloadFilesForSelectedNoticeBlock);
         QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha relist more"));
         QVERIFY(!QFile::exists(m_notebook + "Alpha.md"));
@@ -272,13 +263,13 @@ private Q_SLOTS:
         EntryWindow w(m_notebook);
         w.select(0);
         QCOMPARE(w.editor->toPlainText(), QString::fromUtf8("Le café du matin"));
-        QCOMPARE(w.controller->selectedEncodingForFileSaving(), 5);
+        QCOMPARE(w.controller->document().format().encoding, 5);
         w.moveCursorToEnd();
         w.type(QString::fromUtf8(" ñ"));
         w.controller->flushPendingSave();
         QCOMPARE(readBytes(m_notebook + QString::fromUtf8("Café.txt")),
                  QByteArray("Le caf\xE9 du matin \xF1"));
-        QCOMPARE(w.controller->selectedEncodingForFileSaving(), 5);
+        QCOMPARE(w.controller->document().format().encoding, 5);
     }
 
     void newPlainEntryIsUtf8AndEmptyingDeletesIt()
@@ -309,7 +300,8 @@ private Q_SLOTS:
     // Layout, listing and opening of bundles are checked through the main window.
     void anEmptiedBundleLosesOnlyItsTextFile()
     {
-        UserDefaults::standard().setString("defaultFileExtensionForEntries", "textbundle");
+        UserDefaults::standard().setValue(Settings::DefaultFileExtensionForEntries,
+                                          QString("textbundle"));
         writeBytes(m_notebook + "plain.txt", "not listed");
         EntryWindow w(m_notebook);
         QVERIFY(w.controller->listofFiles().isEmpty());
@@ -332,7 +324,8 @@ private Q_SLOTS:
 
     void bundleLanguagesAndBrokenInfo()
     {
-        UserDefaults::standard().setString("defaultFileExtensionForEntries", "textbundle");
+        UserDefaults::standard().setValue(Settings::DefaultFileExtensionForEntries,
+                                          QString("textbundle"));
         QDir().mkpath(m_notebook + "A.textbundle");
         QDir().mkpath(m_notebook + "B.textbundle");
         QDir().mkpath(m_notebook + "C.textbundle");
@@ -350,7 +343,7 @@ private Q_SLOTS:
         QVERIFY(m_alerts.at(0).message.contains("BBCode"));
         QVERIFY(m_alerts.at(0).message.indexOf("BBCode") <
                 m_alerts.at(0).message.indexOf("Markdown"));
-        QCOMPARE(UserDefaults::standard().integerForKey("TypographyUseMarkupLanguage"), 1);
+        QCOMPARE(UserDefaults::standard().value(Settings::TypographyUseMarkupLanguage), 1);
 
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^ERROR: .*info.json"));
         w.select(1);
@@ -405,17 +398,141 @@ private Q_SLOTS:
         QCOMPARE(m_alerts.size(), 1);
         QCOMPARE(m_alerts.at(0).title, qtTrId("FILE_LOCKED"));
         QVERIFY(FileLock::isImmutable(m_notebook + "Alpha.txt"));
-        w.moveCursorToEnd();
-        w.type(" kept");
-        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^FILEWRITING-ERROR: "));
-        w.controller->flushPendingSave();
-        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha"));
-        QCOMPARE(w.editor->toPlainText(), QString("Alpha kept"));
+        // Kept locked means read-only, and the bar says why.
+        QVERIFY(!w.controller->editor().isEditable());
+        QCOMPARE(w.bar->currentTopic(), QString("readonly"));
         QVERIFY(FileLock::setImmutable(m_notebook + "Alpha.txt", false));
-        w.type("!");
-        QSignalSpy saved(w.controller.get(), &EntryController::entrySaved);
-        QTRY_COMPARE_WITH_TIMEOUT(saved.count(), 1, 3000);
-        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha kept!"));
+        w.select(-1);
+        w.select(0);
+        QVERIFY(w.controller->editor().isEditable());
+        QVERIFY(!w.bar->isVisibleTo(&w.window));
+    }
+
+    void aFailedSaveKeepsTheTextUntilItCanBeWritten()
+    {
+        writeBytes(m_notebook + "Alpha.txt", "Alpha");
+        writeBytes(m_notebook + "Beta.txt", "Beta");
+        EntryWindow w(m_notebook);
+        w.select(0);
+        w.moveCursorToEnd();
+        w.type(" and more");
+        // The folder goes away under us (an unplugged disk, a sync client): no save can work.
+        const QString away = m_dir->path() + "-away";
+        QVERIFY(QDir().rename(m_dir->path(), away));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^FILEWRITING-ERROR: .*Alpha.txt"));
+        QVERIFY(!w.controller->flushPendingSave());
+        QVERIFY(!QFileInfo::exists(m_dir->path())); // never re-created empty
+        QCOMPARE(w.bar->currentTopic(), QString("save"));
+        QVERIFY(w.bar->currentText().contains("Alpha"));
+        QVERIFY(w.bar->findChild<QPushButton *>("messageBarSaveAs"));
+
+        // Another entry, with the text unsaved: Cancel stays, Discard would drop it.
+        m_answer = 2;
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^FILEWRITING-ERROR: "));
+        w.select(1);
+        QCOMPARE(m_alerts.size(), 1);
+        QCOMPARE(m_alerts.at(0).buttons.size(), 3);
+        QCOMPARE(w.editor->toPlainText(), QString("Alpha and more"));
+        QCOMPARE(w.controller->selectedFileName(), QString("Alpha.txt"));
+        // Closing the window is refused the same way.
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^FILEWRITING-ERROR: "));
+        QVERIFY(!w.window.close());
+        QVERIFY(w.window.isVisible());
+
+        // Retry once the folder is back.
+        QVERIFY(QDir().rename(away, m_dir->path()));
+        auto *retry = w.bar->findChild<QPushButton *>("messageBarRetry");
+        QVERIFY(retry);
+        retry->click();
+        QTRY_COMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha and more"));
+        QTRY_VERIFY(!w.bar->isVisibleTo(&w.window));
+        QVERIFY(!w.controller->lastSaveFailed());
+    }
+
+    void saveAsRescuesTextThatCannotBeSaved()
+    {
+        writeBytes(m_notebook + "Alpha.txt", "Alpha");
+        writeBytes(m_notebook + "Beta.txt", "Beta");
+        QTemporaryDir elsewhere;
+        EntryWindow w(m_notebook);
+        w.controller->session()->setSaveAsPathChooser(
+            [&](const QString &name) { return elsewhere.filePath(name); });
+        w.select(0);
+        w.moveCursorToEnd();
+        w.type(" rescued");
+        const QString away = m_dir->path() + "-away";
+        QVERIFY(QDir().rename(m_dir->path(), away));
+        m_answer = 0; // Save As…
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^FILEWRITING-ERROR: "));
+        QVERIFY(w.controller->mayLeaveEntry());
+        QCOMPARE(readBytes(elsewhere.filePath("Alpha.txt")), QByteArray("Alpha rescued"));
+        QCOMPARE(w.bar->currentTopic(), QString("copy"));
+        QVERIFY(QDir().rename(away, m_dir->path()));
+    }
+
+    void outsideChangesAreReloadedOrReportedNeverOverwritten()
+    {
+        const QString alpha = m_notebook + "Alpha.txt";
+        writeBytes(alpha, "Alpha");
+        EntryWindow w(m_notebook);
+        w.select(0);
+        // Nothing unsaved here: their text comes in, the cursor stays.
+        w.controller->editor().setSelectedRange(3, 0);
+        writeBytes(alpha, "Alpha from elsewhere");
+        QTRY_COMPARE(w.editor->toPlainText(), QString("Alpha from elsewhere"));
+        QCOMPARE(w.controller->editor().selectedLocation(), 3);
+
+        // Unsaved words here: nothing is written over theirs, and the bar asks.
+        w.moveCursorToEnd();
+        w.type(" mine");
+        writeBytes(alpha, "Theirs, longer than before");
+        QTRY_COMPARE(w.bar->currentTopic(), QString("conflict"));
+        QVERIFY(!w.controller->flushPendingSave());
+        QCOMPARE(readBytes(alpha), QByteArray("Theirs, longer than before"));
+
+        // Keep Mine: ours is saved, theirs kept beside the entry.
+        w.bar->findChild<QPushButton *>("messageBarKeepMine")->click();
+        QTRY_COMPARE(readBytes(alpha), QByteArray("Alpha from elsewhere mine"));
+        const QStringList aside =
+            QDir(m_notebook).entryList({"Alpha (*).txt"}, QDir::Files, QDir::Name);
+        QCOMPARE(aside.size(), 1);
+        QCOMPARE(readBytes(m_notebook + aside.first()), QByteArray("Theirs, longer than before"));
+
+        // Reload Theirs: their text replaces ours on request.
+        w.type(" again");
+        writeBytes(alpha, "Third version");
+        QTRY_COMPARE(w.bar->currentTopic(), QString("conflict"));
+        w.bar->findChild<QPushButton *>("messageBarReloadTheirs")->click();
+        QTRY_COMPARE(w.editor->toPlainText(), QString("Third version"));
+        QVERIFY(!w.controller->hasUnsavedText());
+    }
+
+    void nothingIsWrittenWithoutAUsableFolderOrTitle()
+    {
+        // A notebook record without a folder: missing, and no path is formed from it.
+        {
+            EntryWindow w{QString()};
+            QCOMPARE(m_alerts.size(), 1);
+            QCOMPARE(m_alerts.at(0).title, qtTrId("CRIT_NOTEBOOK_DOESNT_EXIST_TITLE"));
+            w.title->setText("Root entry");
+            w.type("words");
+            QVERIFY(!w.controller->flushPendingSave() || !QFile::exists("/Root entry.txt"));
+            QVERIFY(!QFile::exists("/Root entry.txt"));
+        }
+        // A title too long for a file name: said at once, and the words stay in the editor.
+        EntryWindow w(m_notebook);
+        QSignalSpy problems(w.controller.get(), &EntryController::titleProblemChanged);
+        w.title->setText(QString(300, QLatin1Char('x')));
+        QVERIFY(!problems.isEmpty());
+        QVERIFY(!problems.last().at(0).toString().isEmpty());
+        w.type("kept");
+        w.controller->flushPendingSave();
+        QCOMPARE(w.editor->toPlainText(), QString("kept"));
+        QCOMPARE(filesIn(m_dir->path()), QStringList());
+        w.title->setText("Short");
+        QVERIFY(problems.last().at(0).toString().isEmpty());
+        QVERIFY(w.controller->flushPendingSave());
+        QCOMPARE(readBytes(m_notebook + "Short.txt"), QByteArray("kept"));
     }
 
     void emptyAndLargeEntries()

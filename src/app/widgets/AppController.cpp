@@ -11,12 +11,14 @@
 #include "editor/widgets/Vellox_EnhancedTextView.h"
 #include "library/NotebookRegistry.h"
 #include "library/widgets/EntryController.h"
+#include "library/widgets/EntryMessages.h"
 #include "render/MarkupLanguage.h"
 #include "render/widgets/CSSStykeController.h"
 #include "render/widgets/PreviewController.h"
 #include "render/widgets/PreviewView.h"
 #include "widgets/FolderChooser.h"
 #include "widgets/IconChooserDialog.h"
+#include "widgets/MessageBar.h"
 #include "widgets/NotebookSideBar.h"
 
 #include <QAction>
@@ -30,6 +32,7 @@
 #include <QPainter>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QStackedWidget>
 
 namespace {
@@ -47,8 +50,7 @@ AppController::AppController(UserDefaults &defaults, QObject *parent)
     // stays empty until the first-run panel sets it.
     const auto records = m_registry->records();
     if (!records.isEmpty()) {
-        m_myPersonalSavePath =
-            records.first().value(NotebookRegistry::PathKey).toString() + QLatin1Char('/');
+        m_myPersonalSavePath = m_registry->savePathForIndex(0);
         m_securityScopeBookmarkData =
             records.first().value(NotebookRegistry::SecUrlKey).toByteArray();
     }
@@ -104,7 +106,8 @@ void AppController::buildEditor()
 void AppController::buildEntriesAndPreview()
 {
     m_entries = new EntryController(m_editor, m_window->titleField(), m_window->entryList(),
-                                    m_window->wordCounter(), this);
+                                    m_window->wordCounter(), m_defaults, this);
+    new EntryMessages(m_entries, m_window->messageBar(), m_window->titleField(), m_entries);
     // Closing the window saves; activation changes run the return-to-window checks.
     m_entries->attachToWindow(m_window);
     connect(this, &AppController::currentNotebookChanged, m_entries,
@@ -276,7 +279,8 @@ void AppController::wireWindow()
             &MainWindow::setAttachmentAreaVisible);
     // A new entry starts with its title: empty the field and let the user type one.
     connect(m_window->addEntryButton(), &QToolButton::clicked, this, [this] {
-        m_entries->flushPendingSave();
+        if (!m_entries->mayLeaveEntry())
+            return;
         m_window->titleField()->clear();
         m_window->titleField()->setFocus();
     });
@@ -307,6 +311,32 @@ void AppController::startTheGame()
     diaryMenuInit();
     m_window->sideBar()->clearSelection();
     loadFilesForSelectedNoticeBlock();
+    reportDamagedSettings();
+}
+
+void AppController::reportDamagedSettings()
+{
+    const QString backup = m_defaults.damagedFileBackup();
+    if (backup.isEmpty())
+        return;
+    //% "Your settings file was damaged. Vellox uses what it could read; the original is kept
+    // as “%1”."
+    m_window->messageBar()->showMessage(QStringLiteral("settings"), MessageBar::Warning,
+                                        qtTrId("SETTINGS_DAMAGED").arg(backup));
+}
+
+void AppController::showCurrentNotebookSelected()
+{
+    for (int i = 0; i < m_registry->count(); ++i) {
+        if (m_registry->savePathForIndex(i) != m_myPersonalSavePath)
+            continue;
+        const QSignalBlocker popUpBlocker(m_window->notebookPopUp());
+        const QSignalBlocker sideBarBlocker(m_window->sideBar());
+        m_window->notebookPopUp()->setCurrentIndex(i);
+        if (i < kSideBarRows)
+            m_window->sideBar()->selectRow(i);
+        return;
+    }
 }
 
 void AppController::startSecurityScopeSandBox()
@@ -433,9 +463,12 @@ void AppController::diaryMenuInitFromNotification()
 
 void AppController::selectDiary(int index)
 {
-    // The open entry's pending edits belong to the notebook we are leaving.
-    if (m_entries)
-        m_entries->flushPendingSave();
+    // The open entry's pending edits belong to the notebook we are leaving; text that cannot
+    // be saved keeps us here when the user says so.
+    if (m_entries && !m_entries->mayLeaveEntry()) {
+        showCurrentNotebookSelected();
+        return;
+    }
     QComboBox *popUp = m_window->notebookPopUp();
     int n = index;
     if (n < 0) {
@@ -460,8 +493,10 @@ void AppController::selectDiary(int index)
 void AppController::sideBarDidSelectButton(int row)
 {
     // The open entry's pending edits belong to the notebook we are leaving.
-    if (m_entries)
-        m_entries->flushPendingSave();
+    if (m_entries && !m_entries->mayLeaveEntry()) {
+        showCurrentNotebookSelected();
+        return;
+    }
     QComboBox *popUp = m_window->notebookPopUp();
     int n = row;
     if (row > kSideBarRows - 1)

@@ -111,6 +111,9 @@ private:
     void buildMenus();
     void wireWindow();
     void resetEditorForNotebookChange();
+    // The pop-up and side bar back on the notebook still open.
+    void showCurrentNotebookSelected();
+    void reportDamagedSettings();
     QString selectedEntryPath() const;
 
     UserDefaults &m_defaults;

@@ -1,6 +1,7 @@
 #include "MainWindow.h"
 
 #include "render/MarkupLanguage.h"
+#include "widgets/MessageBar.h"
 #include "widgets/NotebookSideBar.h"
 
 #include <QActionGroup>
@@ -36,6 +37,7 @@ MainWindow::MainWindow(QWidget *parent)
     , m_editor(new QPlainTextEdit)
     , m_previewArea(new QWidget)
     , m_contentStack(new QStackedWidget)
+    , m_messageBar(new MessageBar)
     , m_attachmentArea(new QFrame)
     , m_wordCounter(new QLabel(QStringLiteral("0:0")))
     , m_moveToMenu(new QMenu(text("MENU_MOVE_TO"), this))
@@ -114,6 +116,7 @@ MainWindow::MainWindow(QWidget *parent)
     auto *contentColumn = new QWidget;
     auto *contentLayout = new QVBoxLayout(contentColumn);
     contentLayout->setContentsMargins(0, 0, 0, 0);
+    contentLayout->addWidget(m_messageBar);
     contentLayout->addWidget(m_contentStack, 1);
 
     m_splitter = new QSplitter(Qt::Horizontal);

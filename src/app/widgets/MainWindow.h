@@ -3,6 +3,7 @@
 #include <QMainWindow>
 #include <QPointer>
 
+class MessageBar;
 class QComboBox;
 class QLabel;
 class QLineEdit;
@@ -28,6 +29,8 @@ public:
     QPlainTextEdit *editor() const { return m_editor; }
     QWidget *previewArea() const { return m_previewArea; }
     QStackedWidget *contentStack() const { return m_contentStack; }
+    // The one place for "this did not work, your text is safe" messages.
+    MessageBar *messageBar() const { return m_messageBar; }
     QWidget *attachmentArea() const { return m_attachmentArea; }
     QLabel *wordCounter() const { return m_wordCounter; }
     QToolButton *editModeButton() const { return m_editModeButton; }
@@ -79,6 +82,7 @@ private:
     QPlainTextEdit *m_editor;
     QWidget *m_previewArea;
     QStackedWidget *m_contentStack;
+    MessageBar *m_messageBar;
     QWidget *m_attachmentArea;
     QLabel *m_wordCounter;
     QToolButton *m_editModeButton = nullptr;

@@ -5,36 +5,26 @@
 #include "core/Notifications.h"
 #include "core/UserDefaults.h"
 #include "library/CursorPositionStore.h"
-#include "library/EntryFile.h"
-#include "library/EntryListModel.h"
+#include "library/EntryNames.h"
 #include "library/FileLock.h"
 #include "library/TextBundle.h"
-#include "library/TextEncoding.h"
-#include "library/WordCounter.h"
-#include "library/widgets/EntryListDelegate.h"
+#include "library/widgets/EntryListController.h"
+#include "library/widgets/EntrySession.h"
+#include "library/widgets/LockPrompt.h"
 #include "render/MarkupLanguage.h"
 #include "widgets/Alert.h"
 
 #include <QCoreApplication>
 #include <QDir>
 #include <QEvent>
-#include <QFile>
 #include <QFileInfo>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
 #include <QPlainTextEdit>
 #include <QScopedValueRollback>
-#include <QtConcurrent/QtConcurrentRun>
 
 namespace {
-const QString kExtensionKey = QStringLiteral("defaultFileExtensionForEntries");
-
-UserDefaults &defaults()
-{
-    return UserDefaults::standard();
-}
-
 QString hintText()
 {
     //% "Enter a title to write a note"
@@ -43,73 +33,56 @@ QString hintText()
 } // namespace
 
 EntryController::EntryController(QPlainTextEdit *editor, QLineEdit *titleField,
-                                 QListView *entryList, QLabel *counter, QObject *parent)
+                                 QListView *entryList, QLabel *counter, UserDefaults &defaults,
+                                 QObject *parent)
     : QObject(parent)
+    , m_defaults(defaults)
     , m_editor(editor)
     , m_editorView(editor)
     , m_titleField(titleField)
-    , m_list(entryList)
-    , m_counter(counter)
-    , m_model(new EntryListModel(this))
-    , m_delegate(new EntryListDelegate(this))
+    , m_list(new EntryListController(entryList, defaults, this))
+    , m_session(new EntrySession(m_editor, counter, defaults, this))
 {
-    m_saveTimer.setSingleShot(true);
-    m_saveTimer.setInterval(1000);
-    connect(&m_saveTimer, &QTimer::timeout, this, &EntryController::saveEditedString);
-
-    m_list->setModel(m_model);
-    m_list->setItemDelegate(m_delegate);
-    m_list->setSelectionMode(QAbstractItemView::SingleSelection);
-    m_list->setUniformItemSizes(true);
-    if (m_list->accessibleName().isEmpty())
-        //% "Entries"
-        m_list->setAccessibleName(qtTrId("ENTRY_LIST_ACCESSIBLE_NAME"));
-    if (m_list->toolTip().isEmpty())
-        //% "The entries of this notebook"
-        m_list->setToolTip(qtTrId("ENTRY_LIST_TOOLTIP"));
-    if (m_counter->accessibleName().isEmpty())
+    if (counter->accessibleName().isEmpty())
         //% "Words and characters"
-        m_counter->setAccessibleName(qtTrId("WORD_COUNTER_ACCESSIBLE_NAME"));
-    if (m_counter->toolTip().isEmpty())
-        m_counter->setToolTip(qtTrId("WORD_COUNTER_ACCESSIBLE_NAME"));
-    connect(m_list->selectionModel(), &QItemSelectionModel::selectionChanged, this,
-            &EntryController::onSelectionChanged);
-
+        counter->setAccessibleName(qtTrId("WORD_COUNTER_ACCESSIBLE_NAME"));
+    if (counter->toolTip().isEmpty())
+        counter->setToolTip(qtTrId("WORD_COUNTER_ACCESSIBLE_NAME"));
+    m_session->setDialogParent(titleField->window());
+    connect(m_session, &EntrySession::saved, this, &EntryController::onSaved);
+    connect(m_session, &EntrySession::reloaded, this, &EntryController::previewShouldRender);
+    connect(m_list, &EntryListController::userSelectedRow, this,
+            &EntryController::onUserSelectedRow);
+    connect(m_list, &EntryListController::displayRowsRebuilt, this,
+            &EntryController::displayRowsRebuilt);
     connect(m_titleField, &QLineEdit::textChanged, this, &EntryController::onTitleChanged);
-    // A keystroke counts as unsaved at once, before the editor's own announcement.
     connect(editor, &QPlainTextEdit::textChanged, this, [this] {
-        if (!m_editor.isSettingString()) {
-            m_editorDirty = true;
-            // Written in, it is the user's entry now and keeps its text like any other.
+        // Written in, it is the user's entry now and keeps its text like any other.
+        if (!m_editor.isSettingString())
             m_openedByTitle = false;
-        }
-    });
-
-    connect(&m_rebuild, &QFutureWatcher<EntryDisplayList>::finished, this, [this] {
-        if (m_rebuild.property("generation").toULongLong() != m_listGeneration)
-            return;
-        applyDisplayList(m_rebuild.result(), false);
-        Q_EMIT displayRowsRebuilt();
     });
 
     NotificationCenter &center = NotificationCenter::defaultCenter();
     center.addObserver(this, Notifications::TextChangedShouldBeSaved,
-                       [this](const Notification &) { textHasChangedAndShouldBeSaved(); });
+                       [this](const Notification &n) {
+                           // Only this window's editor: a side editor's changes are not this
+                           // entry's.
+                           if (n.sender() == m_editorView)
+                               m_session->textHasChanged();
+                       });
     center.addObserver(this, Notifications::ReloadFilesForSelectedNoticeBlock,
                        [this](const Notification &) { loadFilesForSelectedNoticeBlock(); });
     if (QCoreApplication *app = QCoreApplication::instance())
-        connect(app, &QCoreApplication::aboutToQuit, this, &EntryController::flushPendingSave);
-
+        connect(app, &QCoreApplication::aboutToQuit, m_session, &EntrySession::keepRecoveryCopy);
     showHint();
-    updateWordAndCharCounter();
+    m_session->updateWordAndCharCounter();
 }
 
 EntryController::~EntryController()
 {
     // Widgets may already be gone when the window tears down first; its close saved then.
-    if (m_list && m_titleField && m_editorView)
-        flushPendingSave();
-    m_rebuild.waitForFinished();
+    if (m_list->view() && m_titleField && m_editorView)
+        m_session->keepRecoveryCopy();
 }
 
 void EntryController::attachToWindow(QWidget *window)
@@ -117,6 +90,7 @@ void EntryController::attachToWindow(QWidget *window)
     if (m_window)
         m_window->removeEventFilter(this);
     m_window = window;
+    m_session->setDialogParent(window);
     if (window)
         window->installEventFilter(this);
 }
@@ -124,603 +98,291 @@ void EntryController::attachToWindow(QWidget *window)
 bool EntryController::eventFilter(QObject *watched, QEvent *event)
 {
     if (watched == m_window) {
-        switch (event->type()) {
-        case QEvent::Close:
-            flushPendingSave();
-            break;
-        case QEvent::WindowActivate:
-            windowDidBecomeMain();
-            break;
-        case QEvent::WindowDeactivate:
-            windowDidResignMain();
-            break;
-        default:
-            break;
+        if (event->type() == QEvent::Close && !mayLeaveEntry()) {
+            event->ignore();
+            return true;
         }
+        if (event->type() == QEvent::WindowActivate)
+            windowDidBecomeMain();
+        else if (event->type() == QEvent::WindowDeactivate)
+            windowDidResignMain();
     }
     return QObject::eventFilter(watched, event);
 }
 
-void EntryController::setNotebookPath(const QString &pathWithTrailingSlash, bool relist)
+int EntryController::language() const
 {
-    flushPendingSave();
-    m_notebookPath = pathWithTrailingSlash;
-    if (relist)
-        loadFilesForSelectedNoticeBlock();
+    return MarkupLanguage::current(m_defaults);
 }
 
-void EntryController::prepareNewEntry(const QString &title)
+bool EntryController::setNotebookPath(const QString &pathWithTrailingSlash, bool relist)
 {
-    flushPendingSave();
+    if (!mayLeaveEntry())
+        return false;
+    m_list->setNotebookPath(pathWithTrailingSlash);
+    if (relist)
+        loadFilesForSelectedNoticeBlock();
+    return true;
+}
+
+bool EntryController::prepareNewEntry(const QString &title)
+{
+    if (!mayLeaveEntry())
+        return false;
     {
         const QScopedValueRollback guard(m_ignoreTitle, true);
         m_titleField->setText(title);
     }
-    {
-        const QScopedValueRollback guard(m_ignoreSelection, true);
-        m_list->selectionModel()->clearSelection();
-    }
-    m_entryRef = {m_notebookPath, title, currentExtension()};
-    m_openedByTitle = false;
-    m_openFileName.clear();
-    m_editor.setString(QString());
-    m_editor.setEditable(true);
-    m_loadedString.clear();
-    m_editorDirty = false;
-    m_currentDocumentHasEdits = false;
-    updateWordAndCharCounter();
-}
-
-QString EntryController::currentExtension() const
-{
-    return defaults().stringForKey(kExtensionKey);
-}
-
-bool EntryController::isTextBundleMode(const QString &extension) const
-{
-    return extension == TextBundle::bundleExtension();
-}
-
-int EntryController::selectedRow() const
-{
-    const QModelIndexList rows = m_list->selectionModel()->selectedRows();
-    return rows.isEmpty() ? -1 : rows.first().row();
-}
-
-QString EntryController::selectedFileName() const
-{
-    const int row = selectedRow();
-    return row >= 0 && row < m_listofFiles.size() ? m_listofFiles.at(row) : QString();
-}
-
-bool EntryController::hasUnsavedText() const
-{
-    if (!m_entryRef.isValid())
-        return false;
-    return m_saveTimer.isActive() || m_currentDocumentHasEdits ||
-           (m_editorDirty && m_editor.isEditable());
+    m_list->clearSelection();
+    m_session->open(EntryDocument(notebookPath(), title, m_list->extension()), QString());
+    startNewEntry();
+    return true;
 }
 
 void EntryController::showHint()
 {
     m_editor.setString(hintText());
     m_editor.setEditable(false);
-    m_editorDirty = false;
+}
+
+void EntryController::startNewEntry()
+{
+    m_openFileName.clear();
+    m_openedByTitle = false;
+    m_editor.setString(QString());
+    setReadOnly(m_list->isFolderLocked() ? qtTrId("FOLDER_LOCKED_MESSAGE") : QString());
+    m_session->open(m_session->document(), QString());
+}
+
+void EntryController::setReadOnly(const QString &reason)
+{
+    m_readOnlyReason = reason;
+    m_editor.setEditable(reason.isEmpty());
+    Q_EMIT readOnlyChanged(m_session->document().title(), reason);
 }
 
 // ---- listing -------------------------------------------------------------------------------
 
 void EntryController::loadFilesForSelectedNoticeBlock()
 {
-    flushPendingSave();
-    {
-        const QScopedValueRollback guard(m_ignoreSelection, true);
-        m_list->selectionModel()->clearSelection();
+    // Unsaved text the user chose to keep stays in the editor; only the list is renewed.
+    const bool resetEditor = mayLeaveEntry();
+    m_list->clearSelection();
+    if (resetEditor) {
+        {
+            const QScopedValueRollback guard(m_ignoreTitle, true);
+            m_titleField->clear();
+        }
+        m_openFileName.clear();
+        showHint();
+        m_session->close();
+        Q_EMIT previewShouldBlank();
+        NotificationCenter::defaultCenter().post(Notifications::SetnewDate, this,
+                                                 {{Notifications::NewDateStringKey, QString()}});
     }
-    {
-        const QScopedValueRollback guard(m_ignoreTitle, true);
-        m_titleField->clear();
-    }
-    m_entryRef = {};
-    m_openedByTitle = false;
-    m_openFileName.clear();
-    m_saveTimer.stop();
-    m_currentDocumentHasEdits = false;
-    showHint();
-    updateWordAndCharCounter();
-    Q_EMIT previewShouldBlank();
-    NotificationCenter::defaultCenter().post(Notifications::SetnewDate, this,
-                                             {{Notifications::NewDateStringKey, QString()}});
-
-    const QString folder = AppPaths::expandTilde(m_notebookPath);
-    if (!QFileInfo(folder).isDir()) {
-        //% "Notebook not found"
-        const QString title = qtTrId("CRIT_NOTEBOOK_DOESNT_EXIST_TITLE");
-        //% "The folder of this notebook does not exist anymore. It may have been moved, renamed or
-        // be on a disk that is not connected."
-        const QString message = qtTrId("CRIT_NOTEBOOK_DOESNT_EXIST_MESSAGE");
-        Alert::show(m_list->window(),
-                    AlertRequest{QMessageBox::Critical, title, message, {QStringLiteral("OK")}});
-    } else if (folder != m_lockFolderLastPathChecked) {
-        checkFolderLock(folder);
-    }
-    relistEntries();
-}
-
-void EntryController::checkFolderLock(const QString &folder)
-{
-    m_lockFolderLastPathChecked = folder;
-    if (!FileLock::isImmutable(folder))
-        return;
-    const QString title = qtTrId("FOLDER_LOCKED");
-    //% "The folder of this notebook is locked: no entry can be added, renamed or deleted in it.
-    // Unlock it?"
-    const QString message = qtTrId("FOLDER_LOCKED_MESSAGE");
-    //% "Keep Locked"
-    const QString keep = qtTrId("FOLDER_LOCKED_KEEP_LOCKED");
-    //% "Unlock"
-    const QString unlock = qtTrId("FOLDER_LOCKED_UNLOCK");
-    const int answer = Alert::show(
-        m_list->window(), AlertRequest{QMessageBox::Warning, title, message, {keep, unlock}});
-    if (answer != 1)
-        return;
-    QString error;
-    if (!FileLock::setImmutable(folder, false, &error))
-        //% "The folder could not be unlocked"
-        Alert::show(m_list->window(), AlertRequest{QMessageBox::Warning,
-                                                   qtTrId("UNLOCK_FOLDER_FAILED"),
-                                                   error,
-                                                   {QStringLiteral("OK")}});
-}
-
-void EntryController::checkFileLock(const QString &path)
-{
-    m_lockFileLastPathChecked = path;
-    if (!FileLock::isImmutable(path))
-        return;
-    //% "Entry is locked"
-    const QString title = qtTrId("FILE_LOCKED");
-    //% "This entry is locked, so your changes to it cannot be saved. Unlock it?"
-    const QString message = qtTrId("FILE_LOCKED_MESSAGE");
-    //% "Keep Locked"
-    const QString keep = qtTrId("FILE_LOCKED_KEEP_LOCKED");
-    //% "Unlock"
-    const QString unlock = qtTrId("FILE_LOCKED_UNLOCK");
-    const int answer = Alert::show(
-        m_list->window(), AlertRequest{QMessageBox::Warning, title, message, {keep, unlock}});
-    if (answer != 1)
-        return;
-    QString error;
-    if (!FileLock::setImmutable(path, false, &error))
-        //% "The entry could not be unlocked"
-        Alert::show(m_list->window(), AlertRequest{QMessageBox::Warning,
-                                                   qtTrId("UNLOCK_FILE_FAILED"),
-                                                   error,
-                                                   {QStringLiteral("OK")}});
-}
-
-void EntryController::relistEntries()
-{
-    ++m_listGeneration;
-    m_listofFiles =
-        EntryDirectory::listEntries(AppPaths::expandTilde(m_notebookPath), currentExtension());
-    const EntryDisplayList list = EntryDirectory::formatTableItemsForDisplay(
-        m_listofFiles, AppPaths::expandTilde(m_notebookPath),
-        EntryListSettings::fromDefaults(defaults()), m_heightOfFileTableRow);
-    const QScopedValueRollback guard(m_ignoreSelection, true);
-    applyDisplayList(list, true);
-}
-
-void EntryController::applyDisplayList(const EntryDisplayList &list, bool reset)
-{
-    m_listofFilesDisplay = list.rows;
-    m_heightOfFileTableRow = list.heightOfFileTableRow;
-    if (reset)
-        m_model->setRows(list);
-    else
-        m_model->updateRows(list);
-}
-
-void EntryController::formatTableItemsForDisplay()
-{
-    const EntryDisplayList list = EntryDirectory::formatTableItemsForDisplay(
-        m_listofFiles, AppPaths::expandTilde(m_notebookPath),
-        EntryListSettings::fromDefaults(defaults()), m_heightOfFileTableRow);
-    applyDisplayList(list, false);
-}
-
-void EntryController::rebuildDisplayRowsInBackground()
-{
-    // The worker gets copies only; its result is applied on this thread, and dropped when
-    // the list was rebuilt in the meantime.
-    const QStringList files = m_listofFiles;
-    const QString folder = AppPaths::expandTilde(m_notebookPath);
-    const EntryListSettings settings = EntryListSettings::fromDefaults(defaults());
-    const int height = m_heightOfFileTableRow;
-    if (m_rebuild.isRunning())
-        m_rebuild.waitForFinished();
-    m_rebuild.setProperty("generation", m_listGeneration);
-    m_rebuild.setFuture(QtConcurrent::run([files, folder, settings, height] {
-        return EntryDirectory::formatTableItemsForDisplay(files, folder, settings, height);
-    }));
-}
-
-void EntryController::selectRow(int row)
-{
-    if (row < 0 || row >= m_model->rowCount()) {
-        m_list->selectionModel()->clearSelection();
-        return;
-    }
-    const QModelIndex index = m_model->index(row);
-    m_list->selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
-    m_list->scrollTo(index);
+    if (m_list->checkFolderExists())
+        m_list->checkFolderLock();
+    m_list->relist();
 }
 
 void EntryController::loadFilesForSelectedNoticeBlockAndSelectItemWithFilename(const QString &name)
 {
-    flushPendingSave();
-    const int previousRow = selectedRow();
-    relistEntries();
-    const int i = int(m_listofFiles.indexOf(name));
-    const QScopedValueRollback guard(m_relisting, true);
-    // A name at the top of the list is deliberately not selected by name: the row that was
-    // selected before is selected again.
-    if (i > 0) {
-        selectRow(i);
-    } else {
-        m_list->selectionModel()->clearSelection();
-        selectRow(previousRow);
-    }
-    if (selectedRow() >= 0)
-        m_list->scrollTo(m_model->index(selectedRow()));
-}
-
-void EntryController::relistKeepingSelectedFile()
-{
-    const QString selected = selectedFileName();
-    relistEntries();
-    const QScopedValueRollback guard(m_ignoreSelection, true);
-    selectRow(int(m_listofFiles.indexOf(selected)));
+    m_list->relistAndSelect(name);
+    // A row other than the open entry's is now selected: it is loaded like any selection.
+    const QString selected = m_list->selectedFileName();
+    if (!selected.isEmpty() && selected != m_openFileName && mayLeaveEntry())
+        openEntry(selected);
 }
 
 // ---- loading ---------------------------------------------------------------------------------
 
-void EntryController::onSelectionChanged()
+void EntryController::onUserSelectedRow(int row)
 {
-    if (m_ignoreSelection || m_blockFileLoad)
+    const QString wanted = m_list->listofFiles().value(row);
+    if (!mayLeaveEntry()) {
+        m_list->selectRow(m_list->rowOf(m_openFileName));
         return;
-    // A relist that lands on the entry already in the editor leaves it alone.
-    if (m_relisting && !m_openFileName.isEmpty() && selectedFileName() == m_openFileName)
-        return;
+    }
+    m_list->selectRow(m_list->rowOf(wanted));
     tableViewSelectionDidChange();
-}
-
-void EntryController::onTitleChanged(const QString &title)
-{
-    if (m_ignoreTitle || (m_entryRef.isValid() && title == m_entryRef.title))
-        return;
-    // The edits so far belong to the entry under the old title.
-    flushPendingSave();
-    if (title.isEmpty()) {
-        // No title, nowhere to save: back to the hint and the whole list.
-        m_entryRef = {};
-        m_openedByTitle = false;
-        m_openFileName.clear();
-        showHint();
-        updateWordAndCharCounter();
-        {
-            const QScopedValueRollback guard(m_ignoreSelection, true);
-            m_list->selectionModel()->clearSelection();
-        }
-        m_list->scrollToTop();
-        return;
-    }
-    // A title that names an entry opens it: words typed next go into it, never over it.
-    const QString fileName = title + QLatin1Char('.') + currentExtension();
-    int row = int(m_listofFiles.indexOf(fileName));
-    if (row < 0 && QFileInfo::exists(AppPaths::expandTilde(m_notebookPath + fileName))) {
-        relistKeepingSelectedFile();
-        row = int(m_listofFiles.indexOf(fileName));
-    }
-    if (row >= 0 && fileName != m_openFileName) {
-        selectRow(row);
-        m_openedByTitle = true;
-        return;
-    }
-    // Typing on past such a title starts the new entry afresh, without the opened one's text.
-    const bool leavingOpenedEntry = m_openedByTitle;
-    m_openedByTitle = false;
-    const bool startingNewEntry = !m_editor.isEditable() || leavingOpenedEntry;
-    m_entryRef = {m_notebookPath, title, currentExtension()};
-    if (leavingOpenedEntry) {
-        const QScopedValueRollback guard(m_ignoreSelection, true);
-        m_list->selectionModel()->clearSelection();
-    }
-    if (startingNewEntry) {
-        // A title typed while nothing is open starts a new entry: the hint must not become
-        // its first words.
-        m_openFileName.clear();
-        m_editor.setString(QString());
-        m_loadedString.clear();
-        m_editorDirty = false;
-        m_currentDocumentHasEdits = false;
-        m_editor.setEditable(true);
-        updateWordAndCharCounter();
-    }
 }
 
 void EntryController::tableViewSelectionDidChange()
 {
     m_openedByTitle = false;
-    if (hasUnsavedText()) {
-        const QString target = selectedFileName();
-        {
-            const QScopedValueRollback guard(m_ignoreSelection, true);
-            flushPendingSave();
-            selectRow(int(m_listofFiles.indexOf(target)));
-        }
-    }
-    const int row = selectedRow();
-    if (row < 0 || row >= m_listofFiles.size()) {
+    const QString name = m_list->selectedFileName();
+    if (name.isEmpty()) {
         Q_EMIT spellingShouldBeChecked();
         return;
     }
-    m_editor.setEditable(true);
+    openEntry(name);
+}
 
-    const QString name = m_listofFiles.at(row);
-    const QString extension = currentExtension();
-    QString path = AppPaths::expandTilde(m_notebookPath + name);
-    QString bundlePath;
-    if (isTextBundleMode(extension)) {
-        bundlePath = path;
-        QString textName = TextBundle::textFileName(bundlePath);
-        if (textName.isEmpty())
-            textName =
-                TextBundle::textFileNameForSaving(bundlePath, MarkupLanguage::current(defaults()));
-        path = bundlePath + QLatin1Char('/') + textName;
-
+void EntryController::openEntry(const QString &fileName)
+{
+    const QString extension = m_list->extension();
+    EntryDocument doc(notebookPath(), EntryDirectory::deletingPathExtension(fileName), extension);
+    const int current = language();
+    if (doc.isBundle()) {
         QString parseError;
-        const int bundleLanguage = TextBundle::language(bundlePath, &parseError);
+        const int bundleLanguage = TextBundle::language(doc.entryPath(), &parseError);
         if (!parseError.isEmpty())
             qWarning().noquote() << QStringLiteral("ERROR: %1").arg(parseError);
-        const int current = MarkupLanguage::current(defaults());
         if (bundleLanguage != current) {
-            //% "Different markup languages"
-            const QString title = qtTrId("TEXTBUNDLE_MIXED_MARKUPS_TITLE");
             //% "This entry is written in %1, but %2 is selected. It is shown with %2."
             const QString message = qtTrId("TEXTBUNDLE_MIXED_MARKUPS_MESSAGE")
                                         .arg(MarkupLanguage::displayName(bundleLanguage),
                                              MarkupLanguage::displayName(current));
-            Alert::show(m_list->window(),
-                        AlertRequest{QMessageBox::Warning, title, message, {QStringLiteral("OK")}});
+            //% "Different markup languages"
+            Alert::show(m_titleField->window(),
+                        AlertRequest{QMessageBox::Warning,
+                                     qtTrId("TEXTBUNDLE_MIXED_MARKUPS_TITLE"),
+                                     message,
+                                     {QStringLiteral("OK")}});
         }
     }
+    const QString path = doc.textPath(current);
+    const bool fileLocked = QFileInfo::exists(path) && checkFileLock(path);
+    const EntryDocument::Loaded loaded = doc.load(current);
+    if (!loaded.readable)
+        qWarning().noquote() << QStringLiteral("ERROR: %1: %2").arg(path, loaded.error);
 
-    QString text;
-    bool readable = true;
-    const QFileInfo info(path);
-    if (info.exists()) {
-        if (path != m_lockFileLastPathChecked)
-            checkFileLock(path);
-        const EntryFile::Loaded loaded =
-            info.isFile() ? EntryFile::read(path) : EntryFile::Loaded{QString(), 4, false};
-        if (loaded.readable) {
-            text = loaded.text;
-            m_selectedEncodingForFileSaving = loaded.encoding;
-            m_lastModificationDateOfCurrentFile = EntryFile::modificationDate(path);
-        } else {
-            readable = false;
-            qWarning().noquote() << QStringLiteral("ERROR: %1: cannot be read").arg(path);
-        }
-    }
-
-    const QString title = EntryDirectory::deletingPathExtension(name);
-    m_entryRef = {m_notebookPath, title, extension};
-    m_openFileName = name;
+    m_openFileName = fileName;
     {
         const QScopedValueRollback guard(m_ignoreTitle, true);
-        m_titleField->setText(title);
+        m_titleField->setText(doc.title());
     }
-    m_saveTimer.stop();
-    m_editor.setString(text);
-    // What cannot be read must not be overwritten by what the user types instead.
-    m_editor.setEditable(readable);
-    m_editor.setSelectedRange(getCursorPositionForDocument(path), 0);
-    m_loadedString = text;
-    updateWordAndCharCounter();
-    m_editor.view()->viewport()->update();
-
+    m_session->open(doc, loaded.text);
+    showText(loaded.text, getCursorPositionForDocument(path), 0);
+    //% "“%1” could not be read (%2). It is shown read-only so nothing is written over it."
+    QString reason =
+        loaded.readable ? QString() : qtTrId("ENTRY_UNREADABLE").arg(doc.title(), loaded.error);
+    if (reason.isEmpty() && m_list->isFolderLocked())
+        reason = qtTrId("FOLDER_LOCKED_MESSAGE");
+    //% "This entry is locked, so it cannot be changed. Unlock it?"
+    if (reason.isEmpty() && fileLocked)
+        reason = qtTrId("FILE_LOCKED_MESSAGE");
+    setReadOnly(reason);
+    m_session->updateWordAndCharCounter();
     NotificationCenter::defaultCenter().post(Notifications::SetnewDate, this,
-                                             {{Notifications::NewDateStringKey, title}});
-    m_currentDocumentHasEdits = false;
-    m_editorDirty = false;
+                                             {{Notifications::NewDateStringKey, doc.title()}});
     Q_EMIT previewShouldRender(m_editor.string(), path);
     Q_EMIT spellingShouldBeChecked();
 }
 
-// ---- saving ----------------------------------------------------------------------------------
-
-void EntryController::textHasChangedAndShouldBeSaved()
+void EntryController::showText(const QString &text, int location, int length)
 {
-    // The editor announces a change 0.1 s late; when those words were saved meanwhile (the
-    // title changed, the window closed) a save now would copy them under the new title.
-    if (!m_editorDirty && m_editor.string() == m_loadedString) {
-        updateWordAndCharCounter();
-        return;
-    }
-    m_currentDocumentHasEdits = true;
-    updateWordAndCharCounter();
-    m_saveTimer.start();
+    m_editor.setString(text);
+    m_editor.setSelectedRange(location, length);
+    m_editor.view()->viewport()->update();
 }
 
-void EntryController::saveEditedString()
+bool EntryController::checkFileLock(const QString &path)
 {
-    if (!m_entryRef.isValid()) {
-        m_saveTimer.stop();
-        m_currentDocumentHasEdits = false;
-        return;
-    }
-    saveEditedStringFor(m_entryRef);
-}
-
-bool EntryController::flushPendingSave()
-{
-    if (m_saving || !hasUnsavedText())
+    if (!FileLock::isImmutable(path))
         return false;
-    const QScopedValueRollback guard(m_flushing, true);
-    saveEditedStringFor(m_entryRef);
-    return true;
+    if (path == m_lockFileLastPathChecked)
+        return true;
+    m_lockFileLastPathChecked = path;
+    return LockPrompt::keepsLocked(m_titleField->window(), path, LockPrompt::Kind::File);
 }
 
-void EntryController::saveEditedStringFor(const EntryRef &ref)
+// ---- titles and saving -------------------------------------------------------------------------
+
+void EntryController::onTitleChanged(const QString &title)
 {
-    if (m_saving)
+    if (m_ignoreTitle || title == m_session->document().title())
         return;
-    const QScopedValueRollback guard(m_saving, true);
-    m_saveTimer.stop();
-
-    const int language = MarkupLanguage::current(defaults());
-    const bool bundle = isTextBundleMode(ref.extension);
-    QString bundlePath;
-    QString path;
-    if (bundle) {
-        bundlePath =
-            AppPaths::expandTilde(ref.notebookPath + ref.title + QStringLiteral(".textbundle"));
-        path =
-            bundlePath + QLatin1Char('/') + TextBundle::textFileNameForSaving(bundlePath, language);
-    } else {
-        path =
-            AppPaths::expandTilde(ref.notebookPath + ref.title + QLatin1Char('.') + ref.extension);
+    // The edits so far belong to the entry under the old title.
+    const bool saved = m_session->flush();
+    const QString problem =
+        title.isEmpty()
+            ? QString()
+            : EntryNames::problemWithTitle(title, m_list->extension(), m_list->notebookFolder());
+    Q_EMIT titleProblemChanged(problem);
+    if (!problem.isEmpty()) {
+        // Nowhere to save under such a name: the text waits in the editor for a usable one.
+        m_session->document() = EntryDocument();
+        if (!m_editor.isEditable() || m_openedByTitle)
+            startNewEntry();
+        return;
     }
-
-    const QString text = m_editor.string();
-    bool ok = true;
-    if (text.isEmpty()) {
-        const QFileInfo info(path);
-        if (info.exists() && info.isFile()) {
-            updateWordAndCharCounter();
-            ok = QFile::remove(path);
-            if (!ok)
-                qWarning().noquote()
-                    << QStringLiteral("FILEWRITING-ERROR: %1: cannot be deleted").arg(path);
-        }
+    if (title.isEmpty()) {
+        if (!saved)
+            return;
+        // No title, nowhere to save: back to the hint and the whole list.
+        m_openFileName.clear();
+        m_openedByTitle = false;
+        m_session->close();
+        showHint();
+        m_session->updateWordAndCharCounter();
+        m_list->clearSelection();
+        m_list->view()->scrollToTop();
+        return;
+    }
+    // A title that names an entry opens it: words typed next go into it, never over it.
+    const QString fileName = title + QLatin1Char('.') + m_list->extension();
+    int row = m_list->rowOf(fileName);
+    if (row < 0 && QFileInfo::exists(AppPaths::expandTilde(notebookPath() + fileName))) {
+        m_list->relistKeepingSelection();
+        row = m_list->rowOf(fileName);
+    }
+    if (row >= 0 && fileName != m_openFileName && (saved || m_session->mayLeave())) {
+        m_list->selectRow(row);
+        tableViewSelectionDidChange();
+        m_openedByTitle = true;
+        return;
+    }
+    // Typing on past such a title starts the new entry afresh, without the opened one's text.
+    const bool leavingOpenedEntry = m_openedByTitle;
+    const bool startingNewEntry = !m_editor.isEditable() || leavingOpenedEntry;
+    m_openedByTitle = false;
+    const EntryDocument renamed(notebookPath(), title, m_list->extension());
+    if (leavingOpenedEntry)
+        m_list->clearSelection();
+    if (startingNewEntry) {
+        m_session->open(renamed, QString());
+        startNewEntry();
     } else {
-        const QString folder = QFileInfo(path).absolutePath();
-        if (!QFileInfo(folder).isDir())
-            QDir().mkpath(folder);
-        QString error;
-        const bool existing = QFileInfo::exists(path);
-        if (existing) {
-            const QDateTime now = QDateTime::currentDateTime();
-            m_lastModificationDateOfCurrentFile = now;
-            int used = m_selectedEncodingForFileSaving;
-            ok = EntryFile::write(path, text, m_selectedEncodingForFileSaving, &used, &error);
-            if (ok) {
-                m_selectedEncodingForFileSaving = used;
-                EntryFile::setModificationDate(path, now);
-            }
+        // The text in the editor is saved under the new title from now on.
+        m_session->document() = renamed;
+        if (m_session->hasUnsavedText())
+            m_session->textHasChanged();
+    }
+}
+
+void EntryController::onSaved(const QString &path, bool created, bool whileFlushing)
+{
+    Q_EMIT entrySaved(path);
+    if (created) {
+        const EntryDocument &doc = m_session->document();
+        if (whileFlushing) {
+            m_list->relistKeepingSelection();
         } else {
-            ok = EntryFile::write(path, text, TextEncoding::UTF8, nullptr, &error);
-            if (ok) {
-                m_selectedEncodingForFileSaving = TextEncoding::UTF8;
-                if (bundle && !TextBundle::createLayout(bundlePath, language, &error))
-                    qWarning().noquote() << QStringLiteral("FILEWRITING-ERROR: %1").arg(error);
-            }
-        }
-        saveCurrentCursorPostionAtIndex(m_editor.selectedLocation(), path);
-        if (!ok)
-            qWarning().noquote() << QStringLiteral("FILEWRITING-ERROR: %1").arg(error);
-        if (ok && !existing) {
-            const QString fileName = QFileInfo(path).fileName();
-            if (m_flushing) {
-                relistKeepingSelectedFile();
-            } else {
-                m_openFileName = bundle ? QFileInfo(bundlePath).fileName() : fileName;
-                loadFilesForSelectedNoticeBlockAndSelectItemWithFilename(fileName);
-            }
+            m_openFileName = doc.fileName();
+            m_list->relistAndSelect(QFileInfo(path).fileName());
         }
     }
-
-    if (ok) {
-        m_loadedString = text;
-        m_editorDirty = false;
-        Q_EMIT entrySaved(path);
-    }
-    rebuildDisplayRowsInBackground();
-    m_currentDocumentHasEdits = false;
-}
-
-// ---- cursor and counter ----------------------------------------------------------------------
-
-void EntryController::saveCurrentCursorPostionAtIndex(int index, const QString &path)
-{
-    CursorPositionStore::saveCurrentCursorPostionAtIndex(index, path);
-}
-
-int EntryController::getCursorPositionForDocument(const QString &path)
-{
-    return CursorPositionStore::getCursorPositionForDocument(path);
-}
-
-void EntryController::updateWordAndCharCounter()
-{
-    if (!m_counter)
-        return;
-    const bool black = defaults().boolForKey(QStringLiteral("USEBLACKDOCUMENT"));
-    m_counter->setText(m_editor.isEditable() ? WordCounter::counterText(m_editor.string())
-                                             : QStringLiteral("0:0"));
-    m_counter->setStyleSheet(black ? QStringLiteral("color: white;") : QString());
+    m_list->rebuildRowsInBackground();
 }
 
 // ---- return to the window --------------------------------------------------------------------
 
 void EntryController::windowDidBecomeMain()
 {
-    const QString extension = currentExtension();
-    QString path =
-        AppPaths::expandTilde(m_notebookPath + m_titleField->text() + QLatin1Char('.') + extension);
-    if (!m_openFileName.isEmpty() && QFileInfo::exists(path)) {
-        QString bundlePath;
-        if (isTextBundleMode(extension)) {
-            const QString selected = selectedFileName();
-            bundlePath = AppPaths::expandTilde(m_notebookPath +
-                                               (selected.isEmpty() ? m_openFileName : selected));
-            path = bundlePath + QLatin1Char('/') + TextBundle::textFileName(bundlePath);
-        }
-        const QDateTime date = EntryFile::modificationDate(path);
-        if (date.isValid() && date != m_lastModificationDateOfCurrentFile &&
-            QFileInfo(path).isFile()) {
-            // Words typed here go to disk before the file's new text replaces them.
-            flushPendingSave();
-            const QDateTime dateNow = EntryFile::modificationDate(path);
-            if (dateNow != m_lastModificationDateOfCurrentFile) {
-                const int location = m_editor.selectedLocation();
-                const int length = m_editor.selectedLength();
-                QString text;
-                if (!EntryFile::readWithEncoding(path, m_selectedEncodingForFileSaving, &text)) {
-                    const EntryFile::Loaded loaded = EntryFile::read(path);
-                    text = loaded.text;
-                    if (loaded.readable)
-                        m_selectedEncodingForFileSaving = loaded.encoding;
-                }
-                m_lastModificationDateOfCurrentFile = dateNow;
-                m_editor.setString(text);
-                m_loadedString = text;
-                m_editorDirty = false;
-                updateWordAndCharCounter();
-                m_editor.setSelectedRange(location, length);
-                Q_EMIT previewShouldRender(text, path);
-            }
-        }
-    }
-
+    // Changed elsewhere while we were away: reloaded when nothing is unsaved here, reported
+    // otherwise; never written over.
+    m_session->checkOutsideChange();
     if (m_checkForFolderModificaion) {
         m_checkForFolderModificaion = false;
-        const QDateTime folderDate =
-            QFileInfo(AppPaths::expandTilde(m_notebookPath)).lastModified();
-        if (folderDate != m_folderLastModDateWhenLeaving)
-            loadFilesForSelectedNoticeBlockAndSelectItemWithFilename(m_titleField->text() +
-                                                                     QLatin1Char('.') + extension);
+        const QFileInfo folder(m_list->notebookFolder());
+        if (!notebookPath().isEmpty() && !folder.isDir()) {
+            // The notebook folder went away: say so once, keep whatever is in the editor.
+            m_list->checkFolderExists();
+            m_list->relist();
+        } else if (folder.lastModified() != m_folderLastModDateWhenLeaving) {
+            m_list->relistAndSelect(m_titleField->text() + QLatin1Char('.') + m_list->extension());
+        }
     }
     Q_EMIT spellingShouldBeChecked();
 }
@@ -729,8 +391,12 @@ void EntryController::windowDidResignMain()
 {
     // Words typed just before switching away go to disk now: whatever another program does
     // to the file meanwhile is then reloaded on return, instead of being written over.
-    flushPendingSave();
+    m_session->flush();
     m_checkForFolderModificaion = true;
-    m_folderLastModDateWhenLeaving =
-        QFileInfo(AppPaths::expandTilde(m_notebookPath)).lastModified();
+    m_folderLastModDateWhenLeaving = QFileInfo(m_list->notebookFolder()).lastModified();
+}
+
+int EntryController::getCursorPositionForDocument(const QString &path)
+{
+    return CursorPositionStore::getCursorPositionForDocument(path);
 }

@@ -1,161 +1,113 @@
 #pragma once
 
-#include "library/EntryDirectory.h"
+#include "library/EntryDocument.h"
 #include "library/widgets/EntryEditorAdapter.h"
+#include "library/widgets/EntryListController.h"
+#include "library/widgets/EntrySession.h"
 
 #include <QDateTime>
-#include <QFutureWatcher>
 #include <QObject>
 #include <QPointer>
-#include <QStringList>
-#include <QTimer>
-#include <QUrl>
 
-class EntryListDelegate;
-class EntryListModel;
 class QLabel;
 class QLineEdit;
 class QListView;
 class QPlainTextEdit;
+class UserDefaults;
 
-// The entries of the current notebook in the main window: lists them, loads the selected
-// one into the editor and saves it back 1.0 s after the last change. Whatever replaces the
-// editor's text or the title it would be saved under (another entry, a title edit, another
-// notebook, closing, quitting) first saves pending edits to the entry they belong to.
+// The open entry in the main window: loads the selected entry into the editor and saves it
+// back 1.0 s after the last change, through EntryDocument. Its text is never dropped: a
+// save that fails keeps the text and says so (saveFailed), a file changed elsewhere is never
+// written over (changedOnDisk), and whatever would replace the editor's text asks first
+// while the text could not be saved (mayLeaveEntry).
 class EntryController : public QObject
 {
     Q_OBJECT
 public:
     EntryController(QPlainTextEdit *editor, QLineEdit *titleField, QListView *entryList,
-                    QLabel *counter, QObject *parent = nullptr);
+                    QLabel *counter, UserDefaults &defaults, QObject *parent = nullptr);
     ~EntryController() override;
 
-    // Saves pending edits when the window closes and follows its activation
-    // (windowDidBecomeMain / windowDidResignMain).
+    // Asks before the window closes with unsavable text, and follows its activation.
     void attachToWindow(QWidget *window);
 
-    // The notebook folder, with its trailing "/". Pending edits are saved first; with
-    // relist, the new notebook's entries are listed (loadFilesForSelectedNoticeBlock).
-    void setNotebookPath(const QString &pathWithTrailingSlash, bool relist = true);
-    QString notebookPath() const { return m_notebookPath; }
+    // False (nothing changed) when the user kept the unsaved text of the open entry.
+    bool setNotebookPath(const QString &pathWithTrailingSlash, bool relist = true);
+    QString notebookPath() const { return m_list->notebookPath(); }
+    // An empty, editable editor for a new entry with this title.
+    bool prepareNewEntry(const QString &title);
 
-    // Makes the editor ready for a new entry with this title: empty, editable, saved on the
-    // first change under the title.
-    void prepareNewEntry(const QString &title);
-
-    EntryListModel *model() const { return m_model; }
+    EntryListController *list() const { return m_list; }
+    EntrySession *session() const { return m_session; }
+    EntryListModel *model() const { return m_list->model(); }
     EntryEditorAdapter &editor() { return m_editor; }
-
-    // Window state.
-    QStringList listofFiles() const { return m_listofFiles; }
-    QList<EntryDisplayRow> listofFilesDisplay() const { return m_listofFilesDisplay; }
-    int heightOfFileTableRow() const { return m_heightOfFileTableRow; }
-    QString loadedString() const { return m_loadedString; }
-    bool blockFileLoad() const { return m_blockFileLoad; }
-    void setBlockFileLoad(bool block) { m_blockFileLoad = block; }
-    QDateTime lastModificationDateOfCurrentFile() const
-    {
-        return m_lastModificationDateOfCurrentFile;
-    }
-    int selectedEncodingForFileSaving() const { return m_selectedEncodingForFileSaving; }
-    bool currentDocumentHasEdits() const { return m_currentDocumentHasEdits; }
-    QString lockFolderLastPathChecked() const { return m_lockFolderLastPathChecked; }
-    QString lockFileLastPathChecked() const { return m_lockFileLastPathChecked; }
-    QDateTime folderLastModDateWhenLeaving() const { return m_folderLastModDateWhenLeaving; }
+    QStringList listofFiles() const { return m_list->listofFiles(); }
+    QString selectedFileName() const { return m_list->selectedFileName(); }
+    int selectedRow() const { return m_list->selectedRow(); }
+    QString loadedString() const { return m_session->loadedString(); }
+    bool currentDocumentHasEdits() const { return m_session->currentDocumentHasEdits(); }
     bool checkForFolderModificaion() const { return m_checkForFolderModificaion; }
+    const EntryDocument &document() const { return m_session->document(); }
+    // Edits that are not on disk yet.
+    bool hasUnsavedText() const { return m_session->hasUnsavedText(); }
+    // True while the open entry's last save failed or met a file changed elsewhere.
+    bool lastSaveFailed() const { return m_session->lastSaveFailed(); }
 
-    // The file name of the selected row, or "".
-    QString selectedFileName() const;
-    int selectedRow() const;
-    // True while edits exist that are not yet on disk.
-    bool hasUnsavedText() const;
-
-    static void saveCurrentCursorPostionAtIndex(int index, const QString &path);
     static int getCursorPositionForDocument(const QString &path);
 
 public Q_SLOTS:
     void loadFilesForSelectedNoticeBlock();
     void loadFilesForSelectedNoticeBlockAndSelectItemWithFilename(const QString &name);
-    void formatTableItemsForDisplay();
     void tableViewSelectionDidChange();
-    void textHasChangedAndShouldBeSaved();
-    void saveEditedString();
-    // Saves pending edits now, to the entry they belong to; true when something was saved.
-    bool flushPendingSave();
-    void updateWordAndCharCounter();
+    // True when the text is on disk afterwards.
+    bool saveEditedString() { return m_session->save(); }
+    // Saves pending edits now; true when nothing is left unsaved.
+    bool flushPendingSave() { return m_session->flush(); }
+    // Before anything replaces the editor's text: saves, and when that fails asks
+    // Save As… / Discard Changes / Cancel. False means: leave everything as it is.
+    bool mayLeaveEntry() { return m_session->mayLeave(); }
     void windowDidBecomeMain();
     void windowDidResignMain();
 
 Q_SIGNALS:
-    // The text and the path of the file it came from (inside the bundle for a TextBundle).
     void previewShouldRender(const QString &text, const QString &entryPath);
     void previewShouldBlank();
     void spellingShouldBeChecked();
-    // After a save (path of the text file written, or deleted when the text was empty).
     void entrySaved(const QString &path);
-    // After the background rebuild of the rows following a save has reached the list.
     void displayRowsRebuilt();
+    // reason "" = the entry is writable again.
+    void readOnlyChanged(const QString &title, const QString &reason);
+    // problem "" = the title is fine again.
+    void titleProblemChanged(const QString &problem);
 
 protected:
     bool eventFilter(QObject *watched, QEvent *event) override;
 
 private:
-    struct EntryRef
-    {
-        QString notebookPath;
-        QString title;
-        QString extension;
-        bool isValid() const { return !notebookPath.isEmpty(); }
-    };
-
-    QString currentExtension() const;
-    bool isTextBundleMode(const QString &extension) const;
-    void saveEditedStringFor(const EntryRef &ref);
-    void relistEntries();
-    void relistKeepingSelectedFile();
-    void selectRow(int row);
-    void onSelectionChanged();
+    int language() const;
+    void onUserSelectedRow(int row);
     void onTitleChanged(const QString &title);
-    void checkFolderLock(const QString &folder);
-    void checkFileLock(const QString &path);
-    void applyDisplayList(const EntryDisplayList &list, bool reset);
-    void rebuildDisplayRowsInBackground();
+    void onSaved(const QString &path, bool created, bool whileFlushing);
+    void openEntry(const QString &fileName);
+    void showText(const QString &text, int location, int length);
     void showHint();
+    void startNewEntry();
+    void setReadOnly(const QString &reason);
+    bool checkFileLock(const QString &path);
 
+    UserDefaults &m_defaults;
     EntryEditorAdapter m_editor;
     QPointer<QPlainTextEdit> m_editorView;
     QPointer<QLineEdit> m_titleField;
-    QPointer<QListView> m_list;
-    QPointer<QLabel> m_counter;
     QPointer<QWidget> m_window;
-    EntryListModel *m_model;
-    EntryListDelegate *m_delegate;
-    QTimer m_saveTimer;
-    QFutureWatcher<EntryDisplayList> m_rebuild;
-    quint64 m_listGeneration = 0;
+    EntryListController *m_list;
+    EntrySession *m_session;
 
-    QString m_notebookPath;
-    QStringList m_listofFiles;
-    QList<EntryDisplayRow> m_listofFilesDisplay;
-    int m_heightOfFileTableRow = 17;
-    QString m_loadedString;
-    bool m_blockFileLoad = false;
-    QDateTime m_lastModificationDateOfCurrentFile;
-    int m_selectedEncodingForFileSaving = 0;
-    bool m_currentDocumentHasEdits = false;
-    QString m_lockFolderLastPathChecked;
+    QString m_openFileName; // the list item the editor shows, "" for a new entry
+    QString m_readOnlyReason;
     QString m_lockFileLastPathChecked;
     QDateTime m_folderLastModDateWhenLeaving = QDateTime::currentDateTime();
     bool m_checkForFolderModificaion = false;
-
-    // The entry the editor's text belongs to, and the file it was read from.
-    EntryRef m_entryRef;
-    QString m_openFileName;
-    bool m_editorDirty = false;
-    bool m_saving = false;
-    bool m_flushing = false;
-    bool m_ignoreSelection = false;
-    bool m_relisting = false;
     bool m_ignoreTitle = false;
     // The open entry was opened by typing its title, not chosen in the list.
     bool m_openedByTitle = false;
