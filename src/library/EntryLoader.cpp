@@ -75,48 +75,59 @@ bool looksWritten(const QString &text)
     return true;
 }
 
-// UTF-16 and UTF-32 without a mark. Only files holding NUL bytes are considered (no 8-bit or
-// UTF-8 text has them), and the NULs must fall where that encoding puts the zero high bytes
-// of Latin characters: ICU's own guesses are tried first but must pass the same check.
+int wideNumber(const QByteArray &charset)
+{
+    const QByteArray name = charset.toUpper();
+    return name == "UTF-16LE"   ? TextEncoding::UTF16LE
+           : name == "UTF-16BE" ? TextEncoding::UTF16BE
+           : name == "UTF-32LE" ? TextEncoding::UTF32LE
+           : name == "UTF-32BE" ? TextEncoding::UTF32BE
+                                : 0;
+}
+
+// UTF-16 and UTF-32 without a mark, ICU's guesses first. Only files holding NUL bytes are
+// considered (no 8-bit or UTF-8 text has them), and the NULs must fall where that encoding
+// puts the zero high bytes of Latin characters: in every UTF-32 unit; in UTF-16, on one side
+// only and in at least one unit of sixteen. ICU alone names UTF-16 for a single stray NUL in
+// UTF-8 text. (UTF-16 text with hardly any Latin letters, spaces or line breaks and no mark
+// is left to the other rules.)
 QList<int> wideCandidates(const QByteArray &bytes)
 {
     QList<int> result;
     if (!bytes.contains('\0'))
         return result;
+    QList<int> named;
+    for (const QByteArray &charset : TextEncoding::detectCharsets(bytes))
+        if (const int number = wideNumber(charset))
+            named << number;
     qsizetype zeros[4] = {0, 0, 0, 0};
     for (qsizetype i = 0; i < bytes.size(); ++i)
         if (bytes.at(i) == '\0')
             ++zeros[i % 4];
+    QList<int> plausible;
     const qsizetype units32 = bytes.size() / 4;
     if (bytes.size() % 4 == 0) {
         if (zeros[3] == units32)
-            result << TextEncoding::UTF32LE;
+            plausible << TextEncoding::UTF32LE;
         if (zeros[0] == units32)
-            result << TextEncoding::UTF32BE;
+            plausible << TextEncoding::UTF32BE;
     }
     if (bytes.size() % 2 == 0) {
+        const qsizetype units16 = bytes.size() / 2;
         const qsizetype even = zeros[0] + zeros[2];
         const qsizetype odd = zeros[1] + zeros[3];
-        if (odd > 0 && even * 4 <= odd)
-            result << TextEncoding::UTF16LE;
-        if (even > 0 && odd * 4 <= even)
-            result << TextEncoding::UTF16BE;
+        if (odd > 0 && even * 4 <= odd && odd * 16 >= units16)
+            plausible << TextEncoding::UTF16LE;
+        if (even > 0 && odd * 4 <= even && even * 16 >= units16)
+            plausible << TextEncoding::UTF16BE;
     }
-    QList<int> ordered;
-    for (const QByteArray &charset : TextEncoding::detectCharsets(bytes)) {
-        const QByteArray name = charset.toUpper();
-        const int number = name == "UTF-16LE"   ? TextEncoding::UTF16LE
-                           : name == "UTF-16BE" ? TextEncoding::UTF16BE
-                           : name == "UTF-32LE" ? TextEncoding::UTF32LE
-                           : name == "UTF-32BE" ? TextEncoding::UTF32BE
-                                                : 0;
-        if (result.contains(number) && !ordered.contains(number))
-            ordered << number;
-    }
-    for (const int number : result)
-        if (!ordered.contains(number))
-            ordered << number;
-    return ordered;
+    for (const int number : std::as_const(named))
+        if (plausible.contains(number) && !result.contains(number))
+            result << number;
+    for (const int number : std::as_const(plausible))
+        if (!result.contains(number))
+            result << number;
+    return result;
 }
 
 bool hasC1Bytes(const QByteArray &bytes)
@@ -181,6 +192,24 @@ bool tryEncoding(const QByteArray &bytes, int number, bool mark, EntryLoader::Re
     result->format.byteOrderMark = mark;
     finish(result, text, LineEnding::LF);
     return true;
+}
+
+// Bytes rewritten by another program may still decode in the old encoding without being in
+// it: UTF-8 is valid UTF-16 more often than not, a file given another byte-order mark still
+// decodes in the old byte order, and one rewritten in UTF-16 is valid Latin-1.
+bool knownFormatStillFits(const QByteArray &bytes, int encoding)
+{
+    int known = encoding;
+    if (known == TextEncoding::UTF16WithBOM)
+        known = TextEncoding::UTF16LE;
+    else if (known == TextEncoding::UTF32WithBOM)
+        known = TextEncoding::UTF32LE;
+    const int marked = markedEncoding(bytes);
+    if (marked)
+        return marked == known;
+    if (TextEncoding::isUnicode(known) && known != TextEncoding::UTF8)
+        return wideCandidates(bytes).contains(known);
+    return wideCandidates(bytes).isEmpty();
 }
 
 } // namespace
@@ -252,26 +281,17 @@ EntryLoader::Result EntryLoader::reload(const QString &path, const TextFormat &f
         failed.stamp = FileStamp::of(path);
         return failed;
     }
-    // A file rewritten in a wide encoding is still valid in many 8-bit ones, and one given
-    // another byte-order mark still decodes in the old encoding: both are no longer what
-    // they were.
-    const bool narrow =
-        !TextEncoding::isUnicode(format.encoding) || format.encoding == TextEncoding::UTF8;
-    const int marked = markedEncoding(bytes);
-    const bool otherMark =
-        marked && marked != format.encoding &&
-        !(marked == TextEncoding::UTF16LE && format.encoding == TextEncoding::UTF16WithBOM) &&
-        !(marked == TextEncoding::UTF32LE && format.encoding == TextEncoding::UTF32WithBOM);
-    QString text;
-    if (!(narrow && bytes.contains('\0')) && !otherMark &&
-        TextEncoding::decode(bytes, format.encoding, &text)) {
-        Result result;
-        result.format = format;
-        const QByteArray mark = TextEncoding::byteOrderMark(format.encoding);
-        result.format.byteOrderMark = !mark.isEmpty() && bytes.startsWith(mark);
-        finish(&result, text, format.lineEnding);
-        result.stamp = stamp;
-        return result;
+    if (knownFormatStillFits(bytes, format.encoding)) {
+        QString text;
+        if (TextEncoding::decode(bytes, format.encoding, &text)) {
+            Result result;
+            result.format = format;
+            const QByteArray mark = TextEncoding::byteOrderMark(format.encoding);
+            result.format.byteOrderMark = !mark.isEmpty() && bytes.startsWith(mark);
+            finish(&result, text, format.lineEnding);
+            result.stamp = stamp;
+            return result;
+        }
     }
     Result result = decode(bytes);
     result.stamp = stamp;

@@ -348,6 +348,17 @@ private Q_SLOTS:
         QVERIFY(reread.format.encoding != TextEncoding::UTF8);
         QCOMPARE(reread.format.lineEnding, LineEnding::CRLF);
 
+        // Rewritten in UTF-8 by another program: even-length ASCII is valid UTF-16 too.
+        TextFormat utf16;
+        utf16.encoding = TextEncoding::UTF16LE;
+        writeBytes(file, "four");
+        QCOMPARE(EntryLoader::reload(file, utf16).text, QString("four"));
+        QCOMPARE(EntryLoader::reload(file, utf16).format.encoding, TextEncoding::UTF8);
+        // A stray NUL does not make a UTF-8 entry wide.
+        const QByteArray stray = QByteArray("A line of plain text.\n").repeated(4) + '\0' + "end";
+        writeBytes(file, stray);
+        QCOMPARE(EntryLoader::load(file).text, QString::fromUtf8(stray));
+
         const EntryLoader::Result folder = EntryLoader::load(m_dir->path());
         QVERIFY(!folder.readable);
         QCOMPARE(folder.error, reason(EISDIR));
