@@ -83,5 +83,21 @@
         <source>This entry is written in %1, but %2 is selected. It is shown with %2.</source>
         <translation>This entry is written in %1, but %2 is selected. It is shown with %2.</translation>
     </message>
+    <message id="ENTRY_TITLE_EMPTY">
+        <source>An entry needs a title before it can be saved.</source>
+        <translation>An entry needs a title before it can be saved.</translation>
+    </message>
+    <message id="ENTRY_TITLE_HAS_SLASH">
+        <source>A title cannot contain “/”: it would name a folder.</source>
+        <translation>A title cannot contain “/”: it would name a folder.</translation>
+    </message>
+    <message id="ENTRY_TITLE_HAS_NUL">
+        <source>A title cannot contain a null character.</source>
+        <translation>A title cannot contain a null character.</translation>
+    </message>
+    <message id="ENTRY_TITLE_TOO_LONG">
+        <source>This title is too long for a file name: %1 bytes with the extension, at most %2.</source>
+        <translation>This title is too long for a file name: %1 bytes with the extension, at most %2.</translation>
+    </message>
 </context>
 </TS>

@@ -1,26 +1,27 @@
 #include "EntryDirectory.h"
 
-#include "EntryFile.h"
+#include "CreationDate.h"
+#include "FileStatus.h"
+#include "core/Settings.h"
 #include "core/UserDefaults.h"
 
-#include <QDir>
 #include <QFile>
-#include <QFileInfo>
 #include <QLocale>
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <dirent.h>
 
 EntryListSettings EntryListSettings::fromDefaults(const UserDefaults &defaults)
 {
     EntryListSettings s;
-    s.extension = defaults.stringForKey(QStringLiteral("defaultFileExtensionForEntries"));
-    s.whiteText = defaults.boolForKey(QStringLiteral("USEBLACKDOCUMENT"));
-    s.showDates = defaults.boolForKey(QStringLiteral("FILEBROWSER_DISLAY_DATES_ROWS"));
-    s.showExcerpt = defaults.boolForKey(QStringLiteral("FILEBROWSER_DISLAY_NUMBER_ROWS"));
-    s.excerptLines = defaults.integerForKey(QStringLiteral("FILEBROWSER_DISLAY_NUMBER_ROWS_COUNT"));
-    s.titleSize = defaults.integerForKey(QStringLiteral("FILEBROWSER_DISLAY_TITLE_FONT_SIZE"));
-    s.infoSize = defaults.integerForKey(QStringLiteral("FILEBROWSER_DISLAY_INFOTEXT_FONT_SIZE"));
+    s.extension = defaults.value(Settings::DefaultFileExtensionForEntries);
+    s.whiteText = defaults.value(Settings::UseBlackDocument);
+    s.showDates = defaults.value(Settings::FileBrowserDisplayDatesRows) != 0;
+    s.showExcerpt = defaults.value(Settings::FileBrowserDisplayNumberRows) != 0;
+    s.excerptLines = defaults.value(Settings::FileBrowserDisplayNumberRowsCount);
+    s.titleSize = defaults.value(Settings::FileBrowserDisplayTitleFontSize);
+    s.infoSize = defaults.value(Settings::FileBrowserDisplayInfotextFontSize);
     //% "Created"
     s.createdLabel = qtTrId("FILE_LISTING_CREATED");
     //% "Modified"
@@ -44,13 +45,18 @@ QString EntryDirectory::deletingPathExtension(const QString &name)
 
 QStringList EntryDirectory::listEntries(const QString &folderPath, const QString &extension)
 {
-    QStringList names =
-        QDir(folderPath)
-            .entryList(QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot,
-                       QDir::Unsorted);
-    names.erase(std::remove_if(names.begin(), names.end(),
-                               [&](const QString &n) { return pathExtension(n) != extension; }),
-                names.end());
+    // Names only: the rows stat each entry once when they are built.
+    QStringList names;
+    DIR *dir = ::opendir(QFile::encodeName(folderPath).constData());
+    if (!dir)
+        return names;
+    while (const struct dirent *item = ::readdir(dir)) {
+        const QString name = QFile::decodeName(item->d_name);
+        if (name != QLatin1String(".") && name != QLatin1String("..") &&
+            pathExtension(name) == extension)
+            names << name;
+    }
+    ::closedir(dir);
     // Plain code-point order, as the original file system gave it.
     std::sort(names.begin(), names.end());
     return names;
@@ -58,9 +64,23 @@ QStringList EntryDirectory::listEntries(const QString &folderPath, const QString
 
 QString EntryDirectory::dateText(const QDateTime &dateTime)
 {
-    const QLocale locale = QLocale::system();
+    return dateText(dateTime, QLocale::system());
+}
+
+QString EntryDirectory::dateText(const QDateTime &dateTime, const QLocale &locale)
+{
     return locale.toString(dateTime.date(), QLocale::LongFormat) + QStringLiteral(" - ") +
            locale.toString(dateTime.time(), QLocale::ShortFormat);
+}
+
+EntryListing EntryDirectory::listWithRows(const QString &notebookPath,
+                                          const EntryListSettings &settings, int previousHeight)
+{
+    EntryListing listing;
+    listing.listofFiles = listEntries(notebookPath, settings.extension);
+    listing.display =
+        formatTableItemsForDisplay(listing.listofFiles, notebookPath, settings, previousHeight);
+    return listing;
 }
 
 namespace {
@@ -93,13 +113,15 @@ EntryDisplayList EntryDirectory::formatTableItemsForDisplay(const QStringList &l
     const int T = settings.titleSize;
     const int I = settings.infoSize;
     const int L = I < 13 ? I + 3 : I + 4;
+    const QLocale locale = QLocale::system();
+    result.rows.reserve(listofFiles.size());
     for (const QString &name : listofFiles) {
         const QString path = notebookPath + name;
         EntryDisplayRow row;
         row.fileName = name;
         row.whiteText = settings.whiteText;
-        const QFileInfo info(path);
-        if (!info.exists()) {
+        const FileStatus status = FileStatus::of(path);
+        if (!status.exists) {
             row.deleted = true;
             row.titleLine = QStringLiteral("  ") + deletingPathExtension(name);
             row.infoText = QStringLiteral("\n") + settings.deletedLabel;
@@ -113,14 +135,16 @@ EntryDisplayList EntryDirectory::formatTableItemsForDisplay(const QStringList &l
         row.titleLine = QStringLiteral("  ") + deletingPathExtension(name);
         int n = 0;
         if (settings.showDates) {
-            row.infoText = QStringLiteral("\n    %1: %2\n    %3: %4")
-                               .arg(settings.createdLabel, dateText(EntryFile::creationDate(path)),
-                                    settings.modifiedLabel, dateText(info.lastModified()));
+            row.infoText =
+                QStringLiteral("\n    %1: %2\n    %3: %4")
+                    .arg(settings.createdLabel, dateText(CreationDate::of(path, status), locale),
+                         settings.modifiedLabel, dateText(status.modified, locale));
             n = 2;
         }
         if (settings.showExcerpt) {
             const int c = settings.excerptLines;
-            row.excerpt = QStringLiteral("\n") + excerptOf(path, c * 50);
+            row.excerpt =
+                QStringLiteral("\n") + (status.isDirectory ? QString() : excerptOf(path, c * 50));
             n += c;
         }
         result.heightOfFileTableRow = T + 5 + L * n;

@@ -2,6 +2,7 @@
 
 #include <QDateTime>
 #include <QList>
+#include <QLocale>
 #include <QString>
 #include <QStringList>
 
@@ -46,6 +47,13 @@ struct EntryDisplayList
     int heightOfFileTableRow = 0;
 };
 
+// A notebook's entries and their rows, from one pass over the folder.
+struct EntryListing
+{
+    QStringList listofFiles;
+    EntryDisplayList display;
+};
+
 // Which items of a notebook folder are entries, and the rows that show them.
 class EntryDirectory
 {
@@ -54,11 +62,16 @@ public:
     // equals the given one exactly, in plain name order. An unreadable folder gives none.
     static QStringList listEntries(const QString &folderPath, const QString &extension);
 
+    // Each row stats its entry once; the created date is the carried one (CreationDate).
     // previousHeight is kept when no existing entry sets a new one.
     static EntryDisplayList formatTableItemsForDisplay(const QStringList &listofFiles,
                                                        const QString &notebookPath,
                                                        const EntryListSettings &settings,
                                                        int previousHeight);
+
+    // listEntries and formatTableItemsForDisplay together: a full relist.
+    static EntryListing listWithRows(const QString &notebookPath, const EntryListSettings &settings,
+                                     int previousHeight);
 
     // "a.txt" -> "txt", ".txt" -> "txt", "a" -> "".
     static QString pathExtension(const QString &name);
@@ -67,4 +80,5 @@ public:
 
     // The long date and short time of the platform's locale: "<date> - <time>".
     static QString dateText(const QDateTime &dateTime);
+    static QString dateText(const QDateTime &dateTime, const QLocale &locale);
 };

@@ -1,11 +1,11 @@
 #include "NotebookRegistry.h"
 
+#include "core/Settings.h"
 #include "core/UserDefaults.h"
 
 #include <QFileInfo>
 #include <QImageReader>
 
-const QString NotebookRegistry::RecordsKey = QStringLiteral("DiarySaveDestinations");
 const QString NotebookRegistry::NameKey = QStringLiteral("DiaryName");
 const QString NotebookRegistry::PathKey = QStringLiteral("DiaryDocumentPath");
 const QString NotebookRegistry::SecUrlKey = QStringLiteral("DiarySecURL");
@@ -17,17 +17,17 @@ NotebookRegistry::NotebookRegistry(UserDefaults &defaults)
 
 bool NotebookRegistry::exists() const
 {
-    return m_defaults.hasStoredValue(RecordsKey);
+    return m_defaults.hasStoredValue(Settings::DiarySaveDestinations);
 }
 
 QList<QVariantMap> NotebookRegistry::records() const
 {
-    return m_defaults.recordsForKey(RecordsKey);
+    return m_defaults.value(Settings::DiarySaveDestinations);
 }
 
 void NotebookRegistry::store(const QList<QVariantMap> &records)
 {
-    m_defaults.setRecords(RecordsKey, records);
+    m_defaults.setValue(Settings::DiarySaveDestinations, records);
 }
 
 int NotebookRegistry::count() const

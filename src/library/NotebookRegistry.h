@@ -8,13 +8,12 @@
 
 class UserDefaults;
 
-// The ordered list of notebooks kept under "DiarySaveDestinations". Each record holds
+// The ordered list of notebooks kept in Settings::DiarySaveDestinations. Each record holds
 // "DiaryName", "DiaryDocumentPath" (no trailing slash, "" until a location is chosen) and,
 // on platforms with access bookmarks, "DiarySecURL" (never written here).
 class NotebookRegistry
 {
 public:
-    static const QString RecordsKey;
     static const QString NameKey;
     static const QString PathKey;
     static const QString SecUrlKey;

@@ -119,6 +119,27 @@ const char *adjustForByteOrderMark(QByteArray *bytes, const char *name)
 
 namespace TextEncoding {
 
+bool isUnicode(int number)
+{
+    return number == UTF8 || number == UTF16WithBOM || number == UTF16BE || number == UTF16LE ||
+           number == UTF32WithBOM || number == UTF32BE || number == UTF32LE;
+}
+
+QByteArray byteOrderMark(int number)
+{
+    if (number == UTF8)
+        return QByteArrayLiteral("\xEF\xBB\xBF");
+    if (number == UTF16WithBOM || number == UTF16LE)
+        return QByteArrayLiteral("\xFF\xFE");
+    if (number == UTF16BE)
+        return QByteArrayLiteral("\xFE\xFF");
+    if (number == UTF32WithBOM || number == UTF32LE)
+        return QByteArray("\xFF\xFE\x00\x00", 4);
+    if (number == UTF32BE)
+        return QByteArray("\x00\x00\xFE\xFF", 4);
+    return QByteArray();
+}
+
 const char *icuName(int number)
 {
     const Entry *e = find(number);

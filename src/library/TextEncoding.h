@@ -29,6 +29,17 @@ namespace TextEncoding {
 constexpr int UTF8 = 4;
 constexpr int UTF16WithBOM = 10;
 constexpr int MacOSRoman = 30;
+constexpr int UTF16BE = static_cast<int>(0x90000100u);
+constexpr int UTF16LE = static_cast<int>(0x94000100u);
+constexpr int UTF32WithBOM = static_cast<int>(0x8C000100u);
+constexpr int UTF32BE = static_cast<int>(0x98000100u);
+constexpr int UTF32LE = static_cast<int>(0x9C000100u);
+
+// UTF-8, UTF-16 or UTF-32: the encodings a byte-order mark belongs to.
+bool isUnicode(int number);
+// The mark that starts a file in this encoding; the numbers 10 and 0x8C000100 are written
+// little-endian. Empty for encodings without one.
+QByteArray byteOrderMark(int number);
 
 // The ICU converter name of a number, or nullptr.
 const char *icuName(int number);

@@ -1,11 +1,9 @@
 #include "core/UserDefaults.h"
+#include "library/CreationDate.h"
 #include "library/CursorPositionStore.h"
 #include "library/EntryDirectory.h"
-#include "library/EntryFile.h"
 #include "library/ExtendedAttributes.h"
-#include "library/FileLock.h"
 #include "library/TextBundle.h"
-#include "library/TextEncoding.h"
 #include "library/WordCounter.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
@@ -64,14 +62,26 @@ private Q_SLOTS:
         QCOMPARE(list.heightOfFileTableRow, 12 + 5 + 14 * 5);
         const EntryDisplayRow &first = list.rows.at(0);
         QCOMPARE(first.titleLine, QString("  First"));
-        QVERIFY(first.infoText.startsWith("\n    Created: "));
-        QVERIFY(first.infoText.contains("\n    Modified: "));
-        QVERIFY(first.infoText.contains(" - "));
+        const QLocale locale = QLocale::system();
+        const auto shown = [&](const QDateTime &d) -> QString {
+            return locale.toString(d.date(), QLocale::LongFormat) + " - " +
+                   locale.toString(d.time(), QLocale::ShortFormat);
+        };
+        const QFileInfo info(notebook + "First.txt");
+        const QDateTime born = info.birthTime().isValid() ? info.birthTime() : info.lastModified();
+        QCOMPARE(first.infoText,
+                 "\n    Created: " + shown(born) + "\n    Modified: " + shown(info.lastModified()));
         QCOMPARE(first.excerpt, QString("\nLine one\nLine two of the first entry"));
         QCOMPARE(list.rows.at(1).excerpt, QString("\n")); // not UTF-8: no excerpt
         QCOMPARE(list.rows.at(2).excerpt, QString("\n")); // a folder has no text
         QVERIFY(list.rows.at(3).deleted);
         QCOMPARE(list.rows.at(3).text(), QString("  Vanished\nGone"));
+
+        // A month-old entry saved today still lists the date it was first written.
+        const QDateTime monthAgo = QDateTime(QDate::currentDate().addMonths(-1), QTime(9, 30));
+        QVERIFY(CreationDate::carry(notebook + "First.txt", monthAgo));
+        list = EntryDirectory::formatTableItemsForDisplay({"First.txt"}, notebook, s, 40);
+        QVERIFY(list.rows.at(0).infoText.startsWith("\n    Created: " + shown(monthAgo) + "\n"));
 
         // Only dates, larger info font: L = I + 4.
         s.showExcerpt = false;
@@ -100,133 +110,6 @@ private Q_SLOTS:
         QCOMPARE(EntryDirectory::deletingPathExtension(".txt"), QString());
         QCOMPARE(EntryDirectory::deletingPathExtension("a.b.txt"), QString("a.b"));
         QCOMPARE(EntryDirectory::pathExtension("plain"), QString());
-    }
-
-    void encodingDetectionOnLoad_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<int>("encoding");
-        addRow("utf-8",
-               QByteArray("Gr\xC3\xBC\xC3\x9F"
-                          "e \xE2\x82\xAC"),
-               QString::fromUtf8("Grüße €"), 4);
-        addRow("empty", QByteArray(), QString(), 4);
-        addRow("latin-1",
-               QByteArray("Le caf\xE9 est tr\xE8s chaud, dit le gar\xE7on \xE0 la fen\xEAtre."),
-               QString::fromUtf8("Le café est très chaud, dit le garçon à la fenêtre."), 5);
-        addRow("utf-16le bom", QByteArray("\xFF\xFEh\0i\0 \0\xAC\x20", 10),
-               QString::fromUtf8("hi €"), 10);
-        addRow("short latin-1", QByteArray("caf\xE9"), QString::fromUtf8("café"), 5);
-        addRow("windows-1252", QByteArray("\x93quoted\x94 \x80 5"),
-               QString::fromUtf8("“quoted” € 5"), 12);
-        addRow("utf-16be bom", QByteArray("\xFE\xFF\0h\0i\0 \x20\xAC", 10),
-               QString::fromUtf8("hi €"), 10);
-    }
-
-    void encodingDetectionOnLoad()
-    {
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, text);
-        QFETCH(int, encoding);
-        QTemporaryDir dir;
-        const QString path = dir.filePath("e.txt");
-        writeBytes(path, bytes);
-        const EntryFile::Loaded loaded = EntryFile::read(path);
-        QVERIFY(loaded.readable);
-        QCOMPARE(loaded.text, text);
-        QCOMPARE(loaded.encoding, encoding);
-
-        // Written back in the encoding it was read in, it reads the same again.
-        int used = 0;
-        QString error;
-        QVERIFY(EntryFile::write(path, loaded.text + "!", loaded.encoding, &used, &error));
-        QCOMPARE(used, encoding);
-        const EntryFile::Loaded again = EntryFile::read(path);
-        QCOMPARE(again.text, text + "!");
-        if (encoding == 5 || encoding == 12)
-            QCOMPARE(readBytes(path), bytes + "!");
-        if (encoding == 10)
-            QVERIFY(readBytes(path).startsWith("\xFF\xFE"));
-    }
-
-    void undetectableBytesLoadAsMacRomanAndSaveAsUtf8()
-    {
-        // Control bytes and no byte-order mark: no candidate is believed, so the run through
-        // the thirty encodings decides.
-        QByteArray bytes;
-        for (int i = 0; i < 40; ++i)
-            bytes += QByteArray("\x81\x8D\x8F\x90\x9D\xFF\xFE\x00\x80", 9);
-        QTemporaryDir dir;
-        const QString path = dir.filePath("odd.txt");
-        writeBytes(path, bytes);
-        const EntryFile::Loaded loaded = EntryFile::read(path);
-        QString macRoman;
-        QVERIFY(TextEncoding::decode(bytes, TextEncoding::MacOSRoman, &macRoman));
-        QCOMPARE(loaded.text, macRoman);
-        QCOMPARE(loaded.encoding, 4);
-        QVERIFY(loaded.text.startsWith(QString::fromUtf8("Åç")));
-    }
-
-    void writingNeverDropsCharactersTheEncodingLacks()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("latin.txt");
-        writeBytes(path, "caf\xE9");
-        int used = 0;
-        QString error;
-        QVERIFY(EntryFile::write(path, QString::fromUtf8("café 😀 €"), 5, &used, &error));
-        QCOMPARE(used, 4);
-        QCOMPARE(EntryFile::read(path).text, QString::fromUtf8("café 😀 €"));
-    }
-
-    void aLargeEntryRoundTrips()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("big.txt");
-        QString text;
-        const QString line =
-            QString::fromUtf8("Zeile mit Umlauten äöü und mehr Text, 0123456789\n");
-        while (text.size() < 10 * 1024 * 1024 / 2)
-            text += line;
-        QString error;
-        QVERIFY(EntryFile::write(path, text, 4, nullptr, &error));
-        QVERIFY(QFileInfo(path).size() > 5 * 1024 * 1024);
-        QCOMPARE(EntryFile::read(path).text, text);
-    }
-
-    void failedWritesLeaveTheFileAsItWas()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("locked.txt");
-        writeBytes(path, "original");
-        QString flagError;
-        if (!FileLock::setImmutable(path, true, &flagError))
-            QSKIP(qPrintable("no immutable flag here: " + flagError));
-        QVERIFY(FileLock::isImmutable(path));
-        QString error;
-        const bool written = EntryFile::write(path, "replacement", 4, nullptr, &error);
-        QVERIFY(FileLock::setImmutable(path, false));
-        QVERIFY(!FileLock::isImmutable(path));
-        QVERIFY(!written);
-        QVERIFY(!error.isEmpty());
-        QCOMPARE(readBytes(path), QByteArray("original"));
-        QCOMPARE(QDir(dir.path()).entryList(QDir::Files), QStringList({"locked.txt"}));
-
-        // A folder that no longer exists.
-        QVERIFY(!EntryFile::write(dir.filePath("gone/x.txt"), "x", 4, nullptr, &error));
-    }
-
-    void atomicWritesKeepOtherAttributes()
-    {
-        QTemporaryDir dir;
-        const QString path = dir.filePath("tagged.txt");
-        writeBytes(path, "one");
-        QVERIFY(ExtendedAttributes::set(path, "user.xdg.tags", "diary"));
-        QVERIFY(EntryFile::write(path, "two", 4, nullptr, nullptr));
-        QByteArray value;
-        QVERIFY(ExtendedAttributes::get(path, "user.xdg.tags", &value));
-        QCOMPARE(value, QByteArray("diary"));
     }
 
     void cursorPositionAttribute()

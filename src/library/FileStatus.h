@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QDateTime>
+#include <QString>
+
+// Everything one statx(2) call tells about a path (links followed), so listing and saving ask the
+// file system once per file. Times are at millisecond precision; birth is invalid where the file
+// system keeps none.
+struct FileStatus
+{
+    bool exists = false;
+    bool isDirectory = false;
+    qint64 size = -1;
+    QDateTime modified;
+    QDateTime birth;
+    unsigned mode = 0; // permission bits only
+    unsigned owner = 0;
+    unsigned group = 0;
+
+    static FileStatus of(const QString &path);
+    // The file an open descriptor refers to, so a read and its status belong together even
+    // when the path is replaced meanwhile.
+    static FileStatus ofDescriptor(int fd);
+};
