@@ -21,6 +21,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QDir>
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QLineEdit>

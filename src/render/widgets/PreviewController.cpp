@@ -24,8 +24,12 @@ PreviewController::PreviewController(UserDefaults &defaults, QObject *parent)
     // Deferred, so that a rebuild asked for by whatever showed the preview (the view switch
     // converts the editor's current text) replaces the remembered text instead of following
     // it.
-    connect(m_host, &PreviewHost::shown, this,
-            [this] { QTimer::singleShot(0, this, &PreviewController::bringUpToDate); });
+    connect(m_host, &PreviewHost::shown, this, [this] {
+        QTimer::singleShot(0, this, [this] {
+            if (isPreviewVisible())
+                bringUpToDate();
+        });
+    });
     NotificationCenter::defaultCenter().addObserver(
         this, Notifications::CSSStyleChangePerformReload,
         [this](const Notification &) { reloadPreviewWithNewCSSStyle(); });
@@ -88,9 +92,7 @@ void PreviewController::renderText(const QString &text, const QString &entryPath
     m_text = text;
     m_entryPath = AppPaths::expandTilde(entryPath);
     m_blank = false;
-    m_dirty = true;
-    if (isPreviewVisible())
-        bringUpToDate();
+    newestChanged();
 }
 
 void PreviewController::blank()
@@ -98,6 +100,14 @@ void PreviewController::blank()
     m_text.clear();
     m_entryPath.clear();
     m_blank = true;
+    newestChanged();
+}
+
+void PreviewController::newestChanged()
+{
+    // Whatever is converting now is for an older text.
+    m_queue->cancel();
+    m_converting = false;
     m_dirty = true;
     if (isPreviewVisible())
         bringUpToDate();
@@ -109,8 +119,6 @@ void PreviewController::bringUpToDate()
         return;
     m_dirty = false;
     if (m_blank) {
-        m_queue->cancel();
-        m_converting = false;
         // Still a styled page, so a dark style does not flash white between entries.
         showPage(PreviewPage::pageHtml(
                      QString(),
@@ -120,6 +128,7 @@ void PreviewController::bringUpToDate()
         return;
     }
     m_converting = true;
+    m_convertingPath = m_entryPath;
     m_queue->request(MarkupLanguage::current(m_defaults), m_text);
 }
 
@@ -127,8 +136,9 @@ void PreviewController::converted(const QString &fragment)
 {
     m_converting = false;
     // Style and entry format are read now, so a change made during the conversion shows.
-    showPage(PreviewPage::buildPage(fragment, m_entryPath, m_defaults, AppPaths::cssStyleFolder()),
-             PreviewPage::baseUrlForEntry(m_entryPath, m_defaults));
+    showPage(
+        PreviewPage::buildPage(fragment, m_convertingPath, m_defaults, AppPaths::cssStyleFolder()),
+        PreviewPage::baseUrlForEntry(m_convertingPath, m_defaults));
 }
 
 void PreviewController::showPage(const QString &html, const QUrl &baseUrl)

@@ -72,6 +72,7 @@ private:
     bool isPreviewVisible() const;
     void rebuildForSelection();
     QString selectedEntryPath() const;
+    void newestChanged();
     void bringUpToDate();
     void converted(const QString &fragment);
     void showPage(const QString &html, const QUrl &baseUrl);
@@ -90,6 +91,7 @@ private:
     // It has not been converted and shown yet.
     bool m_dirty = false;
     bool m_converting = false;
+    QString m_convertingPath;
     QString m_lastHtml;
     QUrl m_lastBaseUrl;
 };
