@@ -54,11 +54,12 @@ const QStringList &keyWords()
 
 const QStringList &selectionKeys()
 {
-    static const QStringList list = {
-        QStringLiteral("MarkupIsSelectedMarkdown"),     QStringLiteral("MarkupIsSelectedTextile"),
-        QStringLiteral("MarkupIsSelectedWikitext"),     QStringLiteral("MarkupIsSelectedBBCode"),
-        QStringLiteral("MarkupIsSelectedSmark"),        QStringLiteral("MarkupIsSelectedHTML"),
-        QStringLiteral("MarkupIsSelectedMultiMarkdown")};
+    static const QStringList list = [] {
+        QStringList names;
+        for (const Setting<bool> &flag : Settings::MarkupIsSelected)
+            names << flag.name();
+        return names;
+    }();
     return list;
 }
 
@@ -124,18 +125,20 @@ int languageForTextBundleType(const QString &type)
 
 int current(const UserDefaults &defaults)
 {
-    return defaults.integerForKey(QStringLiteral("TypographyUseMarkupLanguage"));
+    return defaults.value(Settings::TypographyUseMarkupLanguage);
 }
 
 void select(UserDefaults &defaults, int tag)
 {
-    for (const QString &key : selectionKeys())
-        defaults.setBool(key, false);
-    defaults.setInteger(QStringLiteral("TypographyUseMarkupLanguage"), tag - MenuTagBase);
+    for (const Setting<bool> &flag : Settings::MarkupIsSelected)
+        defaults.setValue(flag, false);
     const int number = tag - MenuTagBase;
-    const QString chosen =
-        (number >= 1 && number <= Count) ? selectionKeys().at(number - 1) : selectionKeys().at(0);
-    defaults.setString(chosen, QStringLiteral("selected"));
+    defaults.setValue(Settings::TypographyUseMarkupLanguage, number);
+    const Setting<bool> &chosen = (number >= 1 && number <= Count)
+                                      ? Settings::MarkupIsSelected[number - 1]
+                                      : Settings::MarkupIsSelected[0];
+    // Stored as the word "selected", not as true, the way the menu always has.
+    defaults.setString(chosen.name(), QStringLiteral("selected"));
 }
 
 } // namespace MarkupLanguage

@@ -14,6 +14,8 @@ namespace {
 
 // A reply header is "<status> <byte count>\n"; anything longer is not one.
 constexpr qsizetype kLongestHeader = 32;
+// How long a wait for output may go without asking whether the text is still wanted.
+constexpr int kCancelPollMs = 40;
 
 } // namespace
 
@@ -28,13 +30,22 @@ PhpConverterWorker::~PhpConverterWorker()
 
 PhpConverterWorker *PhpConverterWorker::instance()
 {
-    static QPointer<PhpConverterWorker> worker;
     QCoreApplication *application = QCoreApplication::instance();
-    // The process belongs to the thread that started it; other threads convert on their own.
-    if (!application || QThread::currentThread() != application->thread())
+    if (!application)
         return nullptr;
-    if (!worker)
+    // A QProcess belongs to the thread that started it, so every thread gets its own.
+    thread_local QPointer<PhpConverterWorker> worker;
+    if (worker)
+        return worker;
+    QThread *thread = QThread::currentThread();
+    if (thread == application->thread()) {
         worker = new PhpConverterWorker(application);
+    } else {
+        worker = new PhpConverterWorker(nullptr);
+        // Deleted on its own thread as that thread winds down, which stops the process.
+        QObject::connect(thread, &QThread::finished, worker.data(), &QObject::deleteLater,
+                         Qt::DirectConnection);
+    }
     return worker;
 }
 
@@ -102,7 +113,8 @@ bool PhpConverterWorker::ensureStarted(const QString &php, const QString &script
 }
 
 bool PhpConverterWorker::convert(const QString &php, const QString &script, const QString &keyWord,
-                                 const QByteArray &text, int timeoutMs, Reply *reply)
+                                 const QByteArray &text, int timeoutMs, Reply *reply,
+                                 const Cancelled &cancelled)
 {
     if (!ensureStarted(php, script, timeoutMs))
         return false;
@@ -113,14 +125,21 @@ bool PhpConverterWorker::convert(const QString &php, const QString &script, cons
         return false;
     }
     QString problem;
-    if (!readReply(timeoutMs, reply, &problem)) {
-        fail(problem);
+    if (!readReply(timeoutMs, cancelled, reply, &problem)) {
+        if (problem.isEmpty()) {
+            m_process->kill();
+            m_process->waitForFinished(1000);
+            stop();
+        } else {
+            fail(problem);
+        }
         return false;
     }
     return true;
 }
 
-bool PhpConverterWorker::readReply(int timeoutMs, Reply *reply, QString *problem)
+bool PhpConverterWorker::readReply(int timeoutMs, const Cancelled &cancelled, Reply *reply,
+                                   QString *problem)
 {
     const QDeadlineTimer deadline(timeoutMs);
     QByteArray buffer;
@@ -162,7 +181,12 @@ bool PhpConverterWorker::readReply(int timeoutMs, Reply *reply, QString *problem
             *problem = QStringLiteral("stopped before answering");
             return false;
         }
-        if (!deadline.hasExpired() && m_process->waitForReadyRead(deadline.remainingTime()))
+        // An empty problem tells the caller nobody wants this reply any more.
+        if (cancelled && cancelled())
+            return false;
+        const int slice = cancelled ? qMin<qint64>(deadline.remainingTime(), kCancelPollMs)
+                                    : deadline.remainingTime();
+        if (!deadline.hasExpired() && m_process->waitForReadyRead(slice))
             continue;
         if (m_process->bytesAvailable() > 0 || m_process->state() != QProcess::Running)
             continue;

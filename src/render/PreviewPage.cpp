@@ -1,6 +1,5 @@
 #include "PreviewPage.h"
 
-#include "core/AppPaths.h"
 #include "core/UserDefaults.h"
 
 #include <QFile>
@@ -8,8 +7,6 @@
 namespace {
 
 const QString kTextBundleExtension = QStringLiteral("textbundle");
-const QString kEntryExtensionKey = QStringLiteral("defaultFileExtensionForEntries");
-const QString kSelectedStyleKey = QStringLiteral("SelectedCSSStyle");
 
 // Everything that could end the attribute, start a query or fragment, or be read as a
 // character reference is escaped; the path separators stay.
@@ -89,14 +86,9 @@ QUrl PreviewPage::baseUrl(const QString &escapedBasePath)
                              QUrl::TolerantMode);
 }
 
-QString PreviewPage::returnCSSStyleString()
-{
-    return returnCSSStyleString(UserDefaults::standard(), AppPaths::cssStyleFolder());
-}
-
 QString PreviewPage::returnCSSStyleString(const UserDefaults &defaults, const QString &styleFolder)
 {
-    const QString name = defaults.stringForKey(kSelectedStyleKey);
+    const QString name = defaults.value(Settings::SelectedCSSStyle);
     if (name.isEmpty())
         return QString();
     QFile file(styleFolder + name);
@@ -108,6 +100,12 @@ QString PreviewPage::returnCSSStyleString(const UserDefaults &defaults, const QS
 QString PreviewPage::buildPage(const QString &convertedFragment, const QString &entryPath,
                                const UserDefaults &defaults, const QString &styleFolder)
 {
-    const QString base = basePath(entryPath, defaults.stringForKey(kEntryExtensionKey));
+    const QString base =
+        basePath(entryPath, defaults.value(Settings::DefaultFileExtensionForEntries));
     return pageHtml(base, returnCSSStyleString(defaults, styleFolder), convertedFragment);
+}
+
+QUrl PreviewPage::baseUrlForEntry(const QString &entryPath, const UserDefaults &defaults)
+{
+    return baseUrl(basePath(entryPath, defaults.value(Settings::DefaultFileExtensionForEntries)));
 }

@@ -28,8 +28,10 @@ public:
 
     // The text of the chosen style (setting "SelectedCSSStyle" inside the style folder),
     // read as UTF-8; empty when the file cannot be read.
-    static QString returnCSSStyleString();
     static QString returnCSSStyleString(const UserDefaults &defaults, const QString &styleFolder);
+
+    // The base a page for this entry gets, as a URL, under the current entry format.
+    static QUrl baseUrlForEntry(const QString &entryPath, const UserDefaults &defaults);
 
     // Builds the whole page for an entry the way every rebuild does.
     static QString buildPage(const QString &convertedFragment, const QString &entryPath,

@@ -4,6 +4,7 @@
 #include "PhpConverterWorker.h"
 #include "core/AppPaths.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -163,6 +164,8 @@ QString TaskController::convert(int language, const QString &text)
     QString html;
     if (convertWithWorker(text, &html))
         return html;
+    if (isCancelled())
+        return QString();
     return run(m_phpLaunchPath, arguments, text, language);
 }
 
@@ -179,7 +182,8 @@ bool TaskController::convertWithWorker(const QString &text, QString *html) const
     // The worker knows each language by the name of its single-text filter.
     const QString keyWord = QFileInfo(m_phpScriptPath).completeBaseName();
     PhpConverterWorker::Reply reply;
-    if (!worker->convert(m_tools.php, script, keyWord, text.toUtf8(), m_tools.timeoutMs, &reply))
+    if (!worker->convert(m_tools.php, script, keyWord, text.toUtf8(), m_tools.timeoutMs, &reply,
+                         m_tools.cancelled))
         return false;
     if (reply.status != 0)
         qCWarning(lcConversion, "Conversion: %s %s failed with status %d", qPrintable(m_tools.php),
@@ -223,7 +227,19 @@ QString TaskController::run(const QString &program, const QStringList &arguments
     // that starts writing before it has read everything cannot block the two of us.
     process.write(text.toUtf8());
     process.closeWriteChannel();
-    if (!process.waitForFinished(m_tools.timeoutMs)) {
+    const QDeadlineTimer deadline(m_tools.timeoutMs);
+    bool finished = false;
+    while (!finished && !deadline.hasExpired() && !isCancelled())
+        finished =
+            process.waitForFinished(m_tools.cancelled ? qMin<qint64>(40, deadline.remainingTime())
+                                                      : deadline.remainingTime()) ||
+            process.state() == QProcess::NotRunning;
+    if (!finished && isCancelled()) {
+        process.kill();
+        process.waitForFinished(1000);
+        return QString();
+    }
+    if (!finished) {
         qCWarning(lcConversion, "Conversion: %s %s did not finish within %d ms and was stopped",
                   qPrintable(program), qPrintable(arguments.join(QLatin1Char(' '))),
                   m_tools.timeoutMs);

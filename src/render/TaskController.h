@@ -3,12 +3,15 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 // Turns the text of an entry into an HTML body fragment by piping it through the converter of
 // a markup language. The languages done in PHP go to one long-lived converter process shared by
 // the application, or, when that cannot answer, to their filter run as a child process of its
-// own like the other languages. Conversion is synchronous: it returns with the HTML. The preview
-// uses a fresh controller per conversion; an export run keeps one for all its entries (the launch
-// path carries over between calls, as documented on setMarkUpLanguageScriptPathForSelection).
+// own like the other languages. Conversion is synchronous on the calling thread: it returns with
+// the HTML. The preview converts on a thread of its own with a fresh controller per conversion;
+// an export run keeps one for all its entries (the launch path carries over between calls, as
+// documented on setMarkUpLanguageScriptPathForSelection).
 class TaskController
 {
 public:
@@ -24,6 +27,9 @@ public:
         QString converterFolder;
         // A converter still running after this long is stopped and yields "".
         int timeoutMs = 30000;
+        // Asked while a converter runs; once it answers true the converter is stopped and
+        // the conversion yields "" (a preview whose text was replaced meanwhile).
+        std::function<bool()> cancelled;
     };
 
     TaskController();
@@ -52,6 +58,7 @@ private:
     // Converts through the application's long-lived PHP worker when the language is done in
     // PHP; false when the text must be converted by launching its filter instead.
     bool convertWithWorker(const QString &text, QString *html) const;
+    bool isCancelled() const { return m_tools.cancelled && m_tools.cancelled(); }
     static QString decodeOutput(const QByteArray &output, const QString &program);
     QString run(const QString &program, const QStringList &arguments, const QString &text,
                 int language) const;

@@ -115,6 +115,23 @@ class TestMainWindow : public QObject
         QCOMPARE(entries()->selectedFileName(), fileName);
     }
 
+    // The preview converts off the window's thread and only while shown: the page it shows
+    // once the newest text is converted.
+    QString builtPage()
+    {
+        QTest::qWaitFor([this] { return !m_app->preview()->isPending(); }, 30000);
+        return m_app->preview()->lastPageHtml();
+    }
+
+    // Shows the preview long enough to read its page, then returns to the editor.
+    QString pageShownInPreview()
+    {
+        QTest::mouseClick(window()->previewModeButton(), Qt::LeftButton);
+        const QString html = builtPage();
+        QTest::mouseClick(window()->editModeButton(), Qt::LeftButton);
+        return html;
+    }
+
     void typeAtEnd(const QString &text)
     {
         editor()->setFocus();
@@ -313,7 +330,8 @@ private Q_SLOTS:
             "<base href=\"file://" + QString(m_first).replace(' ', "%20") + "Day%20one/\">";
 
         clickEntry("Day one.txt");
-        QString html = preview->lastPageHtml();
+        QTest::mouseClick(window()->previewModeButton(), Qt::LeftButton);
+        QString html = builtPage();
         QVERIFY2(html.contains("<em>word</em>"), qPrintable(html.right(300)));
         QVERIFY(html.contains("<style type=\"text/css\"><!--" + standard + "--></style>"));
         QVERIFY2(html.contains(base), qPrintable(html.left(300)));
@@ -328,7 +346,7 @@ private Q_SLOTS:
         QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
                           table->visualItemRect(found.first()).center());
         QCOMPARE(defaults().stringForKey("SelectedCSSStyle"), QString("Standard Night.css"));
-        html = preview->lastPageHtml();
+        html = builtPage();
         QVERIFY(html.contains(night));
         QVERIFY(!html.contains(standard));
         QVERIFY(html.contains("<em>word</em>"));
@@ -338,10 +356,11 @@ private Q_SLOTS:
         // A new language takes effect at the next build, from the editor's unsaved text.
         clickMenuItem(window()->markupLanguageMenu(), window()->markupLanguageAction(902));
         QCOMPARE(preview->lastPageHtml(), html);
+        QTest::mouseClick(window()->editModeButton(), Qt::LeftButton);
         typeAtEnd(" and *more*");
         QTest::mouseClick(window()->previewModeButton(), Qt::LeftButton);
         QVERIFY(preview->isShowingPreview());
-        html = preview->lastPageHtml();
+        html = builtPage();
         QVERIFY2(html.contains("<strong>word</strong>"), qPrintable(html.right(300)));
         QVERIFY(html.contains("<strong>more</strong>"));
         QVERIFY(html.contains(night));
@@ -431,7 +450,7 @@ private Q_SLOTS:
         QCOMPARE(m_app->loadedString(), QString("Alpha *changed* elsewhere"));
         QCOMPARE(editor()->selectedRange(), qMakePair(6, 4));
         QCOMPARE(window()->wordCounter()->text(), QString("3:25"));
-        QVERIFY(m_app->preview()->lastPageHtml().contains("<em>changed</em>"));
+        QVERIFY(pageShownInPreview().contains("<em>changed</em>"));
         QCOMPARE(entries()->listofFiles(), QStringList({"0-added.txt", "Alpha.txt", "Beta.txt"}));
         QCOMPARE(entries()->selectedFileName(), QString("Alpha.txt"));
         QCOMPARE(window()->titleField()->text(), QString("Alpha"));
@@ -549,7 +568,7 @@ private Q_SLOTS:
         // still shows the entry being written, with its own base.
         typeAtEnd(" and *more*");
         QTest::mouseClick(window()->previewModeButton(), Qt::LeftButton);
-        const QString html = m_app->preview()->lastPageHtml();
+        const QString html = builtPage();
         QVERIFY2(html.contains("<em>more</em>"), qPrintable(html.right(200)));
         QVERIFY(html.contains("Journal%20Notes/Solo/\">"));
     }
@@ -604,9 +623,12 @@ private Q_SLOTS:
         writeBytes(trip + "/text.markdown", "A *trip*");
         startApp();
 
+        // Shown before the entry is picked: the page built on selection is the one checked.
+        QTest::mouseClick(window()->previewModeButton(), Qt::LeftButton);
         clickEntry("Trip.textbundle");
         QCOMPARE(editor()->string(), QString("A *trip*"));
-        QString html = m_app->preview()->lastPageHtml();
+        QString html = builtPage();
+        QTest::mouseClick(window()->editModeButton(), Qt::LeftButton);
         QVERIFY(html.contains("<em>trip</em>"));
         // Relative links of a bundle resolve inside it.
         QVERIFY2(html.contains("Journal%20Notes/Trip.textbundle//\">"), qPrintable(html.left(300)));
@@ -622,7 +644,7 @@ private Q_SLOTS:
         writeBytes(trip + "/text.markdown", "A *trip* home");
         m_app->windowDidBecomeMain();
         QCOMPARE(editor()->string(), QString("A *trip* home"));
-        QVERIFY(m_app->preview()->lastPageHtml().contains("home"));
+        QVERIFY(pageShownInPreview().contains("home"));
 
         // A new entry becomes a bundle with its layout.
         QTest::mouseClick(window()->addEntryButton(), Qt::LeftButton);

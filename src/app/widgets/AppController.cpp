@@ -15,7 +15,7 @@
 #include "render/MarkupLanguage.h"
 #include "render/widgets/CSSStykeController.h"
 #include "render/widgets/PreviewController.h"
-#include "render/widgets/PreviewView.h"
+#include "render/widgets/PreviewHost.h"
 #include "widgets/FolderChooser.h"
 #include "widgets/IconChooserDialog.h"
 #include "widgets/MessageBar.h"
@@ -23,6 +23,7 @@
 
 #include <QAction>
 #include <QComboBox>
+#include <QDir>
 #include <QFileIconProvider>
 #include <QFileInfo>
 #include <QLineEdit>
@@ -113,7 +114,7 @@ void AppController::buildEntriesAndPreview()
     connect(this, &AppController::currentNotebookChanged, m_entries,
             [this](const QString &path) { m_entries->setNotebookPath(path, false); });
 
-    m_preview = new PreviewController(this);
+    m_preview = new PreviewController(m_defaults, this);
     m_preview->setEditorTextProvider([this] { return m_editor->string(); });
     m_preview->setSelectedEntryPathProvider([this] { return selectedEntryPath(); });
     m_window->setPreviewWidget(m_preview->view());
@@ -233,7 +234,7 @@ CSSStykeController *AppController::cssStyles()
     // Built when first asked for: loading its list stores the selected style, and a launch
     // that never opens the panel should leave the settings file as the user left it.
     if (!m_cssStyles)
-        m_cssStyles = new CSSStykeController(m_window);
+        m_cssStyles = new CSSStykeController(m_defaults, m_window);
     return m_cssStyles;
 }
 

@@ -22,12 +22,12 @@
 #include <QVBoxLayout>
 
 namespace {
-const QString kSelectedStyleKey = QStringLiteral("SelectedCSSStyle");
 const char kDialogName[] = "CSSStyleCopyDialog";
 } // namespace
 
-CSSStykeController::CSSStykeController(QWidget *parent)
+CSSStykeController::CSSStykeController(UserDefaults &defaults, QWidget *parent)
     : QWidget(parent, Qt::Tool)
+    , m_defaults(defaults)
 {
     //% "Preview Styles"
     setWindowTitle(qtTrId("CSSSTYLE_PANEL_TITLE"));
@@ -123,7 +123,7 @@ void CSSStykeController::watchStyleFolder()
     if (!QFileInfo::exists(folder))
         return;
     m_watcher->addPath(folder);
-    const QString chosen = folder + UserDefaults::standard().stringForKey(kSelectedStyleKey);
+    const QString chosen = folder + m_defaults.value(Settings::SelectedCSSStyle);
     if (QFileInfo(chosen).isFile())
         m_watcher->addPath(chosen);
 }
@@ -157,7 +157,7 @@ void CSSStykeController::loadItems()
     const QStringList items = folder.entryList(
         QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden | QDir::System, QDir::Unsorted);
 
-    const QString chosen = UserDefaults::standard().stringForKey(kSelectedStyleKey);
+    const QString chosen = m_defaults.value(Settings::SelectedCSSStyle);
     const int row = qMax(0, int(items.lastIndexOf(chosen)));
 
     m_displayItems = items;
@@ -204,7 +204,7 @@ void CSSStykeController::tableViewSelectionDidChange()
     // An empty folder leaves the stored choice alone; the preview is still rebuilt so it
     // stops showing a style that no longer exists.
     if (row >= 0 && row < numberOfRowsInTableView())
-        UserDefaults::standard().setString(kSelectedStyleKey, tableView(row));
+        m_defaults.setValue(Settings::SelectedCSSStyle, tableView(row));
     watchStyleFolder();
     NotificationCenter::defaultCenter().post(Notifications::CSSStyleChangePerformReload, this);
 }

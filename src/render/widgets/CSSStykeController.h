@@ -8,6 +8,7 @@ class QFileSystemWatcher;
 class QListWidget;
 class QTimer;
 class QToolButton;
+class UserDefaults;
 
 // The floating style panel: the ".css" files of the user's style folder, one of which is
 // the chosen style of the preview. Choosing a row stores its name under "SelectedCSSStyle"
@@ -16,7 +17,7 @@ class CSSStykeController : public QWidget
 {
     Q_OBJECT
 public:
-    explicit CSSStykeController(QWidget *parent = nullptr);
+    explicit CSSStykeController(UserDefaults &defaults, QWidget *parent = nullptr);
 
     // Brings the panel to the front and gives it the keyboard.
     void showCSSStyleSelectorHudPanel();
@@ -46,6 +47,7 @@ private:
     void watchStyleFolder();
     void styleFolderChanged();
 
+    UserDefaults &m_defaults;
     QStringList m_displayItems;
     QListWidget *m_cssStyleTable = nullptr;
     QToolButton *m_addButton = nullptr;

@@ -1,31 +1,35 @@
 #include "PreviewController.h"
 
-#include "PreviewView.h"
+#include "PreviewHost.h"
 #include "core/AppPaths.h"
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
 #include "core/UserDefaults.h"
 #include "render/MarkupLanguage.h"
+#include "render/PreviewConversionQueue.h"
 #include "render/PreviewPage.h"
-#include "render/TaskController.h"
 
 #include <QStackedWidget>
+#include <QTimer>
 
-namespace {
-
-// Every rebuild converts through a fresh controller, so no state leaks between entries.
-QString convertWithExternalConverter(int language, const QString &text)
-{
-    return TaskController::convertStringWithMarkUpLanguage(language, text);
-}
-
-} // namespace
-
-PreviewController::PreviewController(QObject *parent)
+PreviewController::PreviewController(UserDefaults &defaults, QObject *parent)
     : QObject(parent)
-    , m_view(new PreviewView)
-    , m_converter(convertWithExternalConverter)
+    , m_defaults(defaults)
+    , m_host(new PreviewHost)
+    , m_queue(new PreviewConversionQueue(this))
 {
+    connect(m_queue, &PreviewConversionQueue::converted, this,
+            [this](quint64, const QString &fragment) { converted(fragment); });
+    connect(m_host, &PreviewHost::pageShown, this, &PreviewController::pageShown);
+    // Deferred, so that a rebuild asked for by whatever showed the preview (the view switch
+    // converts the editor's current text) replaces the remembered text instead of following
+    // it.
+    connect(m_host, &PreviewHost::shown, this, [this] {
+        QTimer::singleShot(0, this, [this] {
+            if (isPreviewVisible())
+                bringUpToDate();
+        });
+    });
     NotificationCenter::defaultCenter().addObserver(
         this, Notifications::CSSStyleChangePerformReload,
         [this](const Notification &) { reloadPreviewWithNewCSSStyle(); });
@@ -34,13 +38,13 @@ PreviewController::PreviewController(QObject *parent)
 PreviewController::~PreviewController()
 {
     // A view nobody took into a layout is still ours.
-    if (m_view && !m_view->parent())
-        delete m_view;
+    if (m_host && !m_host->parent())
+        delete m_host;
 }
 
-PreviewView *PreviewController::view() const
+PreviewHost *PreviewController::view() const
 {
-    return m_view;
+    return m_host;
 }
 
 void PreviewController::setEditorTextProvider(TextProvider provider)
@@ -55,15 +59,22 @@ void PreviewController::setSelectedEntryPathProvider(TextProvider provider)
 
 void PreviewController::setConverter(Converter converter)
 {
-    m_converter = converter ? std::move(converter) : Converter(convertWithExternalConverter);
+    if (!converter) {
+        m_queue->setConverter({});
+        return;
+    }
+    m_queue->setConverter([converter = std::move(converter)](int language, const QString &text,
+                                                             const std::function<bool()> &) {
+        return converter(language, text);
+    });
 }
 
 void PreviewController::setContentStack(QStackedWidget *stack, QWidget *editorPage)
 {
     m_stack = stack;
     m_editorPage = editorPage;
-    if (m_stack && m_view && m_stack->indexOf(m_view) < 0)
-        m_stack->addWidget(m_view);
+    if (m_stack && m_host && m_stack->indexOf(m_host) < 0)
+        m_stack->addWidget(m_host);
 }
 
 QString PreviewController::selectedEntryPath() const
@@ -71,16 +82,71 @@ QString PreviewController::selectedEntryPath() const
     return m_selectedEntryPath ? m_selectedEntryPath() : QString();
 }
 
+bool PreviewController::isPreviewVisible() const
+{
+    return m_host && m_host->isVisible();
+}
+
 void PreviewController::renderText(const QString &text, const QString &entryPath)
 {
-    UserDefaults &defaults = UserDefaults::standard();
-    const QString fragment = m_converter(MarkupLanguage::current(defaults), text);
-    const QString path = AppPaths::expandTilde(entryPath);
-    m_lastHtml = PreviewPage::buildPage(fragment, path, defaults, AppPaths::cssStyleFolder());
-    m_lastBaseUrl = PreviewPage::baseUrl(PreviewPage::basePath(
-        path, defaults.stringForKey(QStringLiteral("defaultFileExtensionForEntries"))));
-    if (m_view)
-        m_view->showHtml(m_lastHtml, m_lastBaseUrl);
+    m_text = text;
+    m_entryPath = AppPaths::expandTilde(entryPath);
+    m_blank = false;
+    newestChanged();
+}
+
+void PreviewController::blank()
+{
+    m_text.clear();
+    m_entryPath.clear();
+    m_blank = true;
+    newestChanged();
+}
+
+void PreviewController::newestChanged()
+{
+    // Whatever is converting now is for an older text.
+    m_queue->cancel();
+    m_converting = false;
+    m_dirty = true;
+    if (isPreviewVisible())
+        bringUpToDate();
+}
+
+void PreviewController::bringUpToDate()
+{
+    if (!m_dirty)
+        return;
+    m_dirty = false;
+    if (m_blank) {
+        // Still a styled page, so a dark style does not flash white between entries.
+        showPage(PreviewPage::pageHtml(
+                     QString(),
+                     PreviewPage::returnCSSStyleString(m_defaults, AppPaths::cssStyleFolder()),
+                     QString()),
+                 PreviewPage::baseUrl(QString()));
+        return;
+    }
+    m_converting = true;
+    m_convertingPath = m_entryPath;
+    m_queue->request(MarkupLanguage::current(m_defaults), m_text);
+}
+
+void PreviewController::converted(const QString &fragment)
+{
+    m_converting = false;
+    // Style and entry format are read now, so a change made during the conversion shows.
+    showPage(
+        PreviewPage::buildPage(fragment, m_convertingPath, m_defaults, AppPaths::cssStyleFolder()),
+        PreviewPage::baseUrlForEntry(m_convertingPath, m_defaults));
+}
+
+void PreviewController::showPage(const QString &html, const QUrl &baseUrl)
+{
+    m_lastHtml = html;
+    m_lastBaseUrl = baseUrl;
+    if (m_host)
+        m_host->showHtml(m_lastHtml, m_lastBaseUrl);
     Q_EMIT pageBuilt(m_lastHtml, m_lastBaseUrl);
 }
 
@@ -97,7 +163,7 @@ void PreviewController::reloadPreviewWithNewCSSStyle()
 void PreviewController::contentViewSegmentChanged(int segment)
 {
     if (m_stack) {
-        QWidget *target = segment == 0 ? m_editorPage.data() : static_cast<QWidget *>(m_view);
+        QWidget *target = segment == 0 ? m_editorPage.data() : static_cast<QWidget *>(m_host);
         if (target)
             m_stack->setCurrentWidget(target);
     }
@@ -105,17 +171,7 @@ void PreviewController::contentViewSegmentChanged(int segment)
         rebuildForSelection();
 }
 
-void PreviewController::blank()
-{
-    // Still a styled page, so a dark style does not flash white between entries.
-    m_lastHtml = PreviewPage::pageHtml(QString(), PreviewPage::returnCSSStyleString(), QString());
-    m_lastBaseUrl = PreviewPage::baseUrl(QString());
-    if (m_view)
-        m_view->showHtml(m_lastHtml, m_lastBaseUrl);
-    Q_EMIT pageBuilt(m_lastHtml, m_lastBaseUrl);
-}
-
 bool PreviewController::isShowingPreview() const
 {
-    return m_stack && m_view && m_stack->currentWidget() == m_view;
+    return m_stack && m_host && m_stack->currentWidget() == m_host;
 }

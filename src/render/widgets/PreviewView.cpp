@@ -3,8 +3,10 @@
 #include "PreviewWebPage.h"
 
 #include <QContextMenuEvent>
+#include <QDir>
 #include <QFile>
 #include <QMenu>
+#include <QStandardPaths>
 #include <QWebEngineContextMenuRequest>
 
 PreviewView::PreviewView(QWidget *parent)
@@ -12,6 +14,7 @@ PreviewView::PreviewView(QWidget *parent)
     , m_page(new PreviewWebPage(this))
 {
     setPage(m_page);
+    setObjectName(QStringLiteral("previewWebView"));
     //% "Preview"
     setAccessibleName(qtTrId("PREVIEW_ACCESSIBLE_NAME"));
     //% "The current entry as it looks when converted, in the chosen style"
@@ -30,8 +33,15 @@ PreviewView::~PreviewView() = default;
 
 QString PreviewView::writePageFile(const QByteArray &utf8)
 {
-    if (!m_pageDir)
-        m_pageDir = std::make_unique<QTemporaryDir>();
+    if (!m_pageDir) {
+        // In the user's cache rather than the shared temporary folder: the page holds the
+        // entry's words.
+        const QString cache = QStandardPaths::writableLocation(QStandardPaths::CacheLocation);
+        if (!cache.isEmpty() && QDir().mkpath(cache))
+            m_pageDir = std::make_unique<QTemporaryDir>(cache + QStringLiteral("/preview-XXXXXX"));
+        else
+            m_pageDir = std::make_unique<QTemporaryDir>();
+    }
     if (!m_pageDir->isValid())
         return QString();
     // A fresh name for every page, so the engine never serves the previous one from memory.
