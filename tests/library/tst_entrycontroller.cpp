@@ -58,7 +58,8 @@ struct EntryWindow
     std::unique_ptr<EntryController> controller;
 
     explicit EntryWindow(const QString &notebook, bool entryEditor = false)
-        : editor(entryEditor ? new Vellox_EnhancedTextView : new QPlainTextEdit)
+        : editor(entryEditor ? new Vellox_EnhancedTextView(UserDefaults::standard())
+                             : new QPlainTextEdit)
     {
         auto *layout = new QVBoxLayout(&window);
         layout->addWidget(title);
