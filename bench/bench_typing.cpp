@@ -1,5 +1,6 @@
 // Enter on a list line at the end of entries of growing size: the typing engine's work must
 // follow the caret's line, not the text. Prints one line per size and path.
+#include "core/UserDefaults.h"
 #include "editor/DocumentTextBuffer.h"
 #include "editor/StringTextBuffer.h"
 #include "editor/TextEditorModel.h"
@@ -7,6 +8,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QTemporaryDir>
 #include <QTextDocument>
 #include <QTextStream>
 
@@ -47,6 +49,8 @@ int main(int argc, char *argv[])
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication app(argc, argv);
     QTextStream out(stdout);
+    QTemporaryDir settingsDir;
+    UserDefaults defaults(settingsDir.filePath(QStringLiteral("bench.conf")));
     const int rounds = 200;
     out << "Enter on a list line at the end of the entry, median of " << rounds
         << " (goal < 0.5 ms,"
@@ -63,7 +67,7 @@ int main(int argc, char *argv[])
         TextEditorModel onDocument(std::make_unique<DocumentTextBuffer>(&document));
         const double documentMs = medianEnter(onDocument, rounds);
 
-        Vellox_EnhancedTextView view;
+        Vellox_EnhancedTextView view(defaults);
         view.resize(600, 400);
         view.show();
         view.setString(text);

@@ -5,8 +5,6 @@
 #include "core/AppPaths.h"
 #include "core/PropertyList.h"
 #include "core/RegexCache.h"
-#include "core/UserDefaults.h"
-#include "render/MarkupLanguage.h"
 
 #if __has_include("render/TaskController.h")
 #include "render/TaskController.h"
@@ -31,10 +29,9 @@ QString MarkupInsertion::templateTablePath()
     return AppPaths::resource(QStringLiteral("markup/markupLanguage.plist"));
 }
 
-QString MarkupInsertion::markupTemplateForType(const QString &type)
+QString MarkupInsertion::markupTemplateForType(const QString &type, int language)
 {
-    return markupTemplateForType(type, MarkupLanguage::current(UserDefaults::standard()),
-                                 templateTablePath());
+    return markupTemplateForType(type, language, templateTablePath());
 }
 
 QString MarkupInsertion::markupTemplateForType(const QString &type, int language,
@@ -70,26 +67,26 @@ void MarkupInsertion::performMarkupInsertion(TextEditorModel &model, const QStri
     model.scrollSelectionToVisible();
 }
 
-void MarkupInsertion::insertBoldTypeStyle(TextEditorModel &model)
+void MarkupInsertion::insertBoldTypeStyle(TextEditorModel &model, int language)
 {
-    performMarkupInsertion(model, markupTemplateForType(QStringLiteral("bold")));
+    performMarkupInsertion(model, markupTemplateForType(QStringLiteral("bold"), language));
 }
 
-void MarkupInsertion::insertItalicTypeStyle(TextEditorModel &model)
+void MarkupInsertion::insertItalicTypeStyle(TextEditorModel &model, int language)
 {
-    performMarkupInsertion(model, markupTemplateForType(QStringLiteral("italic")));
+    performMarkupInsertion(model, markupTemplateForType(QStringLiteral("italic"), language));
 }
 
-void MarkupInsertion::insertStrikeTypeStyle(TextEditorModel &model)
+void MarkupInsertion::insertStrikeTypeStyle(TextEditorModel &model, int language)
 {
-    performMarkupInsertion(model, markupTemplateForType(QStringLiteral("strike")));
+    performMarkupInsertion(model, markupTemplateForType(QStringLiteral("strike"), language));
 }
 
-void MarkupInsertion::insertHeadlineStyleType(TextEditorModel &model, int level)
+void MarkupInsertion::insertHeadlineStyleType(TextEditorModel &model, int language, int level)
 {
     const QString type =
         level >= 1 && level <= 4 ? QStringLiteral("headline%1").arg(level) : QString();
-    performMarkupInsertion(model, markupTemplateForType(type));
+    performMarkupInsertion(model, markupTemplateForType(type, language));
 }
 
 bool MarkupInsertion::transformSelectedTextToTag(TextEditorModel &model)
@@ -113,7 +110,7 @@ QString MarkupInsertion::strippedTags(const QString &html)
     return text;
 }
 
-bool MarkupInsertion::removeMarkup(TextEditorModel &model, const Converter &converter)
+bool MarkupInsertion::removeMarkup(TextEditorModel &model, int language, const Converter &converter)
 {
     const TextRange s = model.selectedRange();
     if (s.length <= 1 || !model.isEditable()) {
@@ -121,7 +118,6 @@ bool MarkupInsertion::removeMarkup(TextEditorModel &model, const Converter &conv
         return false;
     }
     const QString selected = model.buffer().mid(s.location, s.length);
-    const int language = MarkupLanguage::current(UserDefaults::standard());
     QString html;
     if (converter)
         html = converter(language, selected);

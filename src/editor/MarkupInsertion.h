@@ -18,27 +18,29 @@ public:
     static QStringList availableMarkupLanguages();
     static QString templateTablePath();
 
-    // The current language's template for "bold", "italic", "headline1".."headline4"; ""
-    // for anything else (including "strike") and whenever the table or entry is missing.
-    static QString markupTemplateForType(const QString &type);
+    // The template of language (1-based, "TypographyUseMarkupLanguage") for "bold",
+    // "italic", "headline1".."headline4"; "" for anything else (including "strike") and
+    // whenever the table or entry is missing.
+    static QString markupTemplateForType(const QString &type, int language);
     static QString markupTemplateForType(const QString &type, int language,
                                          const QString &tablePath);
 
     // Puts the template around the selection ("{*}" stands for the selected text). With
     // nothing selected the caret lands where the text goes; otherwise after the markup.
     static void performMarkupInsertion(TextEditorModel &model, const QString &templateText);
-    static void insertBoldTypeStyle(TextEditorModel &model);
-    static void insertItalicTypeStyle(TextEditorModel &model);
+    static void insertBoldTypeStyle(TextEditorModel &model, int language);
+    static void insertItalicTypeStyle(TextEditorModel &model, int language);
     // The table has no strike template: the command inserts the empty template.
-    static void insertStrikeTypeStyle(TextEditorModel &model);
-    static void insertHeadlineStyleType(TextEditorModel &model, int level);
+    static void insertStrikeTypeStyle(TextEditorModel &model, int language);
+    static void insertHeadlineStyleType(TextEditorModel &model, int language, int level);
     // "<X></X>" for the selection X, caret between the tags.
     static bool transformSelectedTextToTag(TextEditorModel &model);
 
     using Converter = std::function<QString(int language, const QString &text)>;
-    // The selection converted to HTML with the current language and its tags stripped. A
-    // selection of one unit or less, or a conversion that yields nothing, beeps.
-    static bool removeMarkup(TextEditorModel &model, const Converter &converter = Converter());
+    // The selection converted to HTML with language and its tags stripped. A selection of
+    // one unit or less, or a conversion that yields nothing, beeps.
+    static bool removeMarkup(TextEditorModel &model, int language,
+                             const Converter &converter = Converter());
     // Each line of the selection trimmed of spaces and tabs; beeps on one unit or less.
     static bool trimLines(TextEditorModel &model);
 

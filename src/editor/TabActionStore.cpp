@@ -14,14 +14,13 @@
 
 namespace {
 const QString kInternalFileName = QStringLiteral("tabactions.plist");
-const QString kUseExternalKey = QStringLiteral("TabActionUseExternalFile");
-const QString kExternalPathKey = QStringLiteral("TabActionExternFilePath");
 
-// A sandboxed build resolves the bookmark in "TabActionExternFilePathSecScope" and starts
-// accessing the file here; on this platform the path alone grants access.
-void startAccessingExternalFile(const QString &path)
+// A sandboxed build resolves the bookmark and starts accessing the file here; on this
+// platform the path alone grants access.
+void startAccessingExternalFile(const QString &path, const QByteArray &bookmark)
 {
     Q_UNUSED(path);
+    Q_UNUSED(bookmark);
 }
 
 QString describeRoot(const QVariant &root)
@@ -60,23 +59,29 @@ QString TabActionStore::internalPath()
     return AppPaths::supportFolder() + QLatin1Char('/') + kInternalFileName;
 }
 
-QString TabActionStore::pathInUse()
+TabActionStore::FileSettings TabActionStore::FileSettings::from(const UserDefaults &defaults)
 {
-    const UserDefaults &defaults = UserDefaults::standard();
-    if (defaults.boolForKey(kUseExternalKey)) {
-        const QString external = AppPaths::expandTilde(defaults.stringForKey(kExternalPathKey));
+    return {defaults.value(Settings::TabActionUseExternalFile),
+            defaults.value(Settings::TabActionExternFilePath),
+            defaults.value(Settings::TabActionExternFilePathSecScope)};
+}
+
+QString TabActionStore::pathInUse(const FileSettings &settings)
+{
+    if (settings.useExternalFile) {
+        const QString external = AppPaths::expandTilde(settings.externalPath);
         // Switching to an external file before choosing one keeps the internal list working.
         if (!external.isEmpty()) {
-            startAccessingExternalFile(external);
+            startAccessingExternalFile(external, settings.bookmark);
             return external;
         }
     }
     return internalPath();
 }
 
-QVariantMap TabActionStore::availableTabActions()
+QVariantMap TabActionStore::availableTabActions(const FileSettings &settings)
 {
-    const QString path = pathInUse();
+    const QString path = pathInUse(settings);
     QString problem;
     const QVariantMap all = load(path, &problem);
     if (!problem.isEmpty()) {

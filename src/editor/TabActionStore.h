@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QByteArray>
 #include <QString>
 #include <QStringList>
 #include <QVariantMap>
@@ -8,23 +9,35 @@
 // is a dictionary. Where it lives is decided by the settings each time it is needed, and the
 // file is read afresh on every request so that a change saved by the editor window is seen
 // by the very next Tab.
+class UserDefaults;
+
 class TabActionStore
 {
 public:
+    // Which file is in use, as the preferences say.
+    struct FileSettings
+    {
+        bool useExternalFile = false; // "TabActionUseExternalFile"
+        QString externalPath;         // "TabActionExternFilePath"
+        QByteArray bookmark;          // "TabActionExternFilePathSecScope"
+
+        static FileSettings from(const UserDefaults &defaults);
+    };
+
     // Why a proposed abbreviation is refused.
     enum class NameCheck { Acceptable, Empty, ContainsBlank, Duplicate };
 
     // "<support folder>/tabactions.plist".
     static QString internalPath();
-    // The external file from "TabActionExternFilePath" when "TabActionUseExternalFile" is on
-    // (and a file has been chosen), otherwise the internal file.
-    static QString pathInUse();
+    // The external file when it is switched on (and a file has been chosen), otherwise the
+    // internal file.
+    static QString pathInUse(const FileSettings &settings);
 
     // For the typing engine: the actions in the file in use right now, limited to those Tab
     // can expand (a non-empty abbreviation without blanks and a text expansion). A missing,
     // empty or unreadable file, or one whose root is not a dictionary, gives an empty map
     // and a log line naming the file and the problem. Never writes anything.
-    static QVariantMap availableTabActions();
+    static QVariantMap availableTabActions(const FileSettings &settings);
 
     // The whole dictionary at path, untouched entries included, for the editor window. On
     // failure returns an empty map and describes the problem in *problem.

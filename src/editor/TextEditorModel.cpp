@@ -31,7 +31,23 @@ bool TextEditorModel::userEdit(TextRange affected, const QString &replacement,
     if (!m_editable)
         return false;
     affected = m_buffer->clamped(affected);
-    if (!m_engine.shouldChangeTextInRange(*this, affected, replacement))
+    if (m_history.isGroupOpen()) {
+        // Typed by the engine (a pair, a typographic quote) or inside a command: part of the
+        // step already being made.
+        if (!m_engine.shouldChangeTextInRange(*this, affected, replacement))
+            return false;
+        const int inserted = replaceRecorded(affected, replacement);
+        m_buffer->setSelection({affected.location + inserted, 0});
+        return true;
+    }
+    bool accepted = false;
+    {
+        // An edit the engine lets through leaves this step empty, and an empty step is
+        // dropped; everything the engine does instead lands in it.
+        Step step(*this);
+        accepted = m_engine.shouldChangeTextInRange(*this, affected, replacement);
+    }
+    if (!accepted)
         return false;
     if (affected.length == 0 && replacement.isEmpty())
         return true;
@@ -61,11 +77,21 @@ void TextEditorModel::applyTyping(TextRange range, const QString &replacement,
     Step step(*this);
     m_history.setTyping(true);
     m_history.setActionName(actionKey);
-    ++m_applying;
-    const int inserted = m_buffer->replace(range.location, range.length, replacement);
+    const int inserted = replaceRecorded(range, replacement);
     m_buffer->setSelection({range.location + inserted, 0});
+}
+
+int TextEditorModel::replaceRecorded(TextRange range, const QString &text)
+{
+    range = m_buffer->clamped(range);
+    const QString removed = m_buffer->mid(range.location, range.length);
+    ++m_applying;
+    const int inserted = m_buffer->replace(range.location, range.length, text);
     --m_applying;
-    registerUndo({range.location, inserted}, removed);
+    // The inverse is what the buffer really took out and put in (a buffer may normalise line
+    // breaks), never a length a caller worked out.
+    m_history.registerOperation({{range.location, inserted}, removed}, selectedRange());
+    return inserted;
 }
 
 // A keystroke that continues the run of the open typing step joins it instead of making a
@@ -109,28 +135,13 @@ bool TextEditorModel::extendTyping(UndoStep &step, TextRange range, const QStrin
 
 void TextEditorModel::undoCustomInsertionInRange(TextRange range, const QString &string)
 {
-    range = m_buffer->clamped(range);
-    const QString old = m_buffer->mid(range.location, range.length);
-    Step step(*this);
-    registerUndo({range.location, int(string.size())}, old);
-    setUndoActionName(QStringLiteral("UNDO_TEXT_ACTION"));
-    replaceCharactersInRange(range, string);
-    scheduleChangeNotice();
+    performEdit(range, string, QStringLiteral("UNDO_TEXT_ACTION"));
 }
 
 void TextEditorModel::undoCustomInsertionInRange(TextRange range, const QString &string,
                                                  TextRange selectRange)
 {
-    Step step(*this);
-    undoCustomInsertionInRange(range, string);
-    setSelectedRange(selectRange);
-}
-
-void TextEditorModel::registerUndo(TextRange range, const QString &text)
-{
-    m_history.registerOperation({range, text}, selectedRange());
-    if (!m_history.isGroupOpen())
-        Q_EMIT undoStateChanged();
+    performEdit(range, string, QStringLiteral("UNDO_TEXT_ACTION"), selectRange);
 }
 
 void TextEditorModel::setUndoActionName(const QString &key)
@@ -142,9 +153,7 @@ void TextEditorModel::replaceCharactersInRange(TextRange range, const QString &s
 {
     range = m_buffer->clamped(range);
     const TextRange selection = selectedRange();
-    ++m_applying;
-    const int inserted = m_buffer->replace(range.location, range.length, string);
-    --m_applying;
+    const int inserted = replaceRecorded(range, string);
     const int delta = inserted - range.length;
     if (selection.location >= range.end())
         m_buffer->setSelection({selection.location + delta, selection.length});
@@ -157,10 +166,7 @@ void TextEditorModel::replaceCharactersInRange(TextRange range, const QString &s
 void TextEditorModel::performEdit(TextRange range, const QString &text, const QString &actionKey,
                                   std::optional<TextRange> select)
 {
-    range = m_buffer->clamped(range);
-    const QString old = m_buffer->mid(range.location, range.length);
     Step step(*this);
-    registerUndo({range.location, int(text.size())}, old);
     setUndoActionName(actionKey);
     replaceCharactersInRange(range, text);
     if (select)

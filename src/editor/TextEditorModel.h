@@ -38,26 +38,27 @@ public:
     void setEditable(bool editable) { m_editable = editable; }
 
     // A user edit (key, input method, paste, drop, deletion): offered to the typing engine,
-    // applied as typing when the engine lets it through. Returns whether it was let through.
+    // applied as typing when the engine lets it through. Whatever the engine does instead,
+    // including text it types itself, is one undo step. Returns whether it was let through.
     bool userEdit(TextRange affected, const QString &replacement,
                   const QString &actionKey = QStringLiteral("UNDO_TYPING"));
     // A user edit replacing the selection.
     bool insertText(const QString &text, const QString &actionKey = QStringLiteral("UNDO_TYPING"));
 
-    // The undo primitive: puts string in range, registers the inverse under
-    // "UNDO_TEXT_ACTION" and schedules the change notice. The second form selects
-    // selectRange afterwards.
+    // The undo primitive: puts string in range as one step named "UNDO_TEXT_ACTION" and
+    // schedules the change notice. The second form selects selectRange afterwards.
     void undoCustomInsertionInRange(TextRange range, const QString &string);
     void undoCustomInsertionInRange(TextRange range, const QString &string, TextRange selectRange);
 
-    // Pieces for edits that register their own inverse: register, name, replace.
-    void registerUndo(TextRange range, const QString &text);
+    // Names the step being made (inside a Step).
     void setUndoActionName(const QString &key);
-    // Replaces without the filter and without undo. A selection after the range moves with
-    // the text; one touching it ends up as a caret after the new text.
+    // Replaces without the filter. The history records exactly what was removed, so undo
+    // always gives back the text as it was, whatever range a caller believes it changed.
+    // A selection after the range moves with the text; one touching it ends up as a caret
+    // after the new text.
     void replaceCharactersInRange(TextRange range, const QString &string);
-    // One named undo step replacing range by text, with the exact inverse; selects select
-    // (or leaves the caret after the new text).
+    // One named undo step replacing range by text; selects select (or leaves the caret
+    // after the new text).
     void performEdit(TextRange range, const QString &text, const QString &actionKey,
                      std::optional<TextRange> select = std::nullopt);
 
@@ -105,6 +106,8 @@ Q_SIGNALS:
 
 private:
     void applyTyping(TextRange range, const QString &replacement, const QString &actionKey);
+    // Replaces and records the exact inverse in the open step; returns the inserted length.
+    int replaceRecorded(TextRange range, const QString &text);
     bool extendTyping(UndoStep &step, TextRange range, const QString &replacement,
                       const QString &removed);
     void replay(bool undoing);

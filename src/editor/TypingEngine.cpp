@@ -4,7 +4,6 @@
 #include "TextClasses.h"
 #include "TextEditorModel.h"
 #include "core/RegexCache.h"
-#include "core/UserDefaults.h"
 
 #include <QStringList>
 
@@ -79,9 +78,10 @@ QPair<QString, QString> TypingEngine::quoteTagsForStyle(int style)
     }
 }
 
-void TypingEngine::applyQuoteStyle(int style)
+void TypingEngine::setOptions(const Options &options)
 {
-    const auto tags = quoteTagsForStyle(style);
+    m_options = options;
+    const auto tags = quoteTagsForStyle(options.quoteStyle);
     setQuoteTags(tags.first, tags.second);
 }
 
@@ -172,7 +172,6 @@ bool TypingEngine::handleNewline(TextEditorModel &model, TextRange affected)
         }
         const int location = start + int(found);
         TextEditorModel::Step step(model);
-        model.registerUndo({location, 1}, removed);
         model.setUndoActionName(QStringLiteral("UNDO_TEXT_ACTION"));
         model.replaceCharactersInRange({location, int(removed.size())}, QStringLiteral("\n"));
         model.scrollSelectionToVisible();
@@ -187,9 +186,8 @@ bool TypingEngine::handleNewline(TextEditorModel &model, TextRange affected)
         return true;
 
     const QString inserted = u'\n' + continuation;
+    // The step records the replaced selection exactly, so Undo brings all of it back.
     TextEditorModel::Step step(model);
-    // The undo range covers the replaced selection's length on top of the insertion.
-    model.registerUndo({L, int(inserted.size()) + N}, buffer.mid(L, N));
     model.setUndoActionName(QStringLiteral("UNDO_TEXT_ACTION"));
     model.replaceCharactersInRange({L, N}, inserted);
     model.scrollSelectionToVisible();
@@ -209,7 +207,6 @@ bool TypingEngine::handleTab(TextEditorModel &model, TextRange affected)
         if (!pieces.constLast().isEmpty())
             indented += u'\t' + pieces.constLast();
         TextEditorModel::Step step(model);
-        model.registerUndo({selection.location, int(indented.size())}, old);
         model.setUndoActionName(QStringLiteral("UNDO_INDENTION_CHANGE"));
         model.replaceCharactersInRange(selection, indented);
         model.setSelectedRange({affected.location, int(indented.size())});
@@ -234,7 +231,6 @@ bool TypingEngine::handleTab(TextEditorModel &model, TextRange affected)
     if (markAt >= 0)
         expansion.replace(markAt, kCaretMark.size(), kMarkPoint);
     TextEditorModel::Step step(model);
-    model.registerUndo({start, int(expansion.size())}, abbreviation);
     model.setUndoActionName(QStringLiteral("UNDO_TAB_ACTION"));
     model.replaceCharactersInRange({start, int(abbreviation.size())}, expansion);
     if (markAt >= 0)
@@ -245,7 +241,7 @@ bool TypingEngine::handleTab(TextEditorModel &model, TextRange affected)
 bool TypingEngine::handlePairing(TextEditorModel &model, TextRange affected,
                                  const QString &replacement)
 {
-    if (!UserDefaults::standard().boolForKey(QStringLiteral("TypographyAutoPairBraces")))
+    if (!m_options.autoPairBraces)
         return true;
     TextBuffer &buffer = model.buffer();
     const TextRange selection = model.selectedRange();
@@ -268,8 +264,8 @@ bool TypingEngine::handlePairing(TextEditorModel &model, TextRange affected,
             wrapped = m_openTag + old + m_closeTag;
         else
             return true;
+        // Recorded as replaced, so the two-unit marks of quote style 9 undo cleanly too.
         TextEditorModel::Step step(model);
-        model.registerUndo({affected.location, affected.length + 2}, old);
         model.setUndoActionName(QStringLiteral("UNDO_TEXT_ACTION"));
         model.replaceCharactersInRange(affected, wrapped);
         return false;

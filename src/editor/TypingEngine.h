@@ -14,6 +14,14 @@ class TextEditorModel;
 class TypingEngine
 {
 public:
+    // What the user chose in the preferences ("TypographyAutoPairBraces",
+    // "TypographyUseQuoteStyle"); the editor hands them over whenever they change.
+    struct Options
+    {
+        bool autoPairBraces = false;
+        int quoteStyle = 0; // 1..10 pick a typographic pair, anything else the plain mark
+    };
+
     // The marker of a list line: the marker the next item gets and the one this line has.
     struct ListMarker
     {
@@ -30,11 +38,11 @@ public:
     // upper and lower roman, decimal, upper and lower letters, tested in that order.
     static ListMarker listMarkerForLine(const QString &line);
 
+    Options options() const { return m_options; }
+    void setOptions(const Options &options);
     QString openTag() const { return m_openTag; }
     QString closeTag() const { return m_closeTag; }
     void setQuoteTags(const QString &openTag, const QString &closeTag);
-    // "TypographyUseQuoteStyle": 1..10 pick a typographic pair, anything else the plain mark.
-    void applyQuoteStyle(int style);
     static QPair<QString, QString> quoteTagsForStyle(int style);
 
 private:
@@ -43,6 +51,7 @@ private:
     bool handlePairing(TextEditorModel &model, TextRange affected, const QString &replacement);
     bool handleQuote(TextEditorModel &model);
 
+    Options m_options;
     QString m_openTag = QStringLiteral("\"");
     QString m_closeTag = QStringLiteral("\"");
 };

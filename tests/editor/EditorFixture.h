@@ -54,12 +54,14 @@ struct Marked
 class StringEditor
 {
 public:
-    explicit StringEditor(const QString &marked, QVariantMap tabActions = QVariantMap())
+    explicit StringEditor(const QString &marked, QVariantMap tabActions = QVariantMap(),
+                          TypingEngine::Options options = {})
     {
         const Marked m = Marked::parse(marked);
         model = std::make_unique<TextEditorModel>(
             std::make_unique<StringTextBuffer>(m.text, m.selection));
         model->setTabActionProvider([tabActions] { return tabActions; });
+        model->engine().setOptions(options);
         QObject::connect(model.get(), &TextEditorModel::beepRequested, [this] { ++beeps; });
         QObject::connect(model.get(), &TextEditorModel::changeNoticeRequested,
                          [this] { ++notices; });

@@ -4,13 +4,11 @@
 #include "core/UserDefaults.h"
 #include "editor/TabActionStore.h"
 #include "editor/TextEditorModel.h"
-#include "editor/widgets/EditorCommands.h"
 #include "editor/widgets/Vellox_EnhancedTextView.h"
 #include "support/TestHome.h"
 
 #include <QAction>
 #include <QClipboard>
-#include <QElapsedTimer>
 #include <QInputMethodEvent>
 #include <QMenu>
 #include <QtTest>
@@ -22,6 +20,7 @@ class TestEnhancedTextView : public QObject
 {
     Q_OBJECT
 private:
+    std::unique_ptr<UserDefaults> defaults;
     std::unique_ptr<Vellox_EnhancedTextView> view;
     int notices = 0;
 
@@ -34,7 +33,9 @@ private Q_SLOTS:
     void init()
     {
         TestHome::instance()->reset();
-        view = std::make_unique<Vellox_EnhancedTextView>();
+        defaults = std::make_unique<UserDefaults>(TestHome::instance()->path() + "/view.conf");
+        defaults->registerDefaults(UserDefaults::defaultsTable());
+        view = std::make_unique<Vellox_EnhancedTextView>(*defaults);
         view->resize(500, 300);
         view->show();
         view->setFocus();
@@ -46,7 +47,12 @@ private Q_SLOTS:
                 ++notices;
             });
     }
-    void cleanup() { view.reset(); }
+    void cleanup()
+    {
+        view.reset();
+        defaults.reset();
+        QFile::remove(TestHome::instance()->path() + "/view.conf");
+    }
 
     void listsContinueAndEndAsTyped()
     {
@@ -72,6 +78,35 @@ private Q_SLOTS:
         QCOMPARE(view->string(), QString("- item\n\n9. x"));
         redo->trigger();
         QCOMPARE(view->string(), QString("- item\n\n9. x\n10. "));
+    }
+
+    // Enter over a selection on a list line once lost the selected text's tail on undo.
+    void enterOverASelectionUndoesWhole()
+    {
+        QTest::keyClicks(view.get(), "- abcdef");
+        view->setSelectedRange(4, 2);
+        press(Qt::Key_Return);
+        QCOMPARE(view->string(), QString("- ab\n- ef"));
+        press(Qt::Key_Z, Qt::ControlModifier);
+        QCOMPARE(view->string(), QString("- abcdef"));
+        QCOMPARE(view->selectedRange(), (QPair<int, int>(4, 2)));
+        press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+        QCOMPARE(view->string(), QString("- ab\n- ef"));
+    }
+
+    void markupFollowsTheChosenLanguage()
+    {
+        view->setString("x");
+        view->setSelectedRange(0, 1);
+        view->insertBoldTypeStyle();
+        QCOMPARE(view->string(), QString("**x**"));
+        defaults->setValue(Settings::TypographyUseMarkupLanguage, 3);
+        view->setSelectedRange(2, 1);
+        view->insertBoldTypeStyle();
+        QCOMPARE(view->string(), QString("**'''x'''**"));
+        QCOMPARE(view->undoActionName(), QString("Insert Markup"));
+        QVERIFY(!view->accessibleName().isEmpty());
+        QVERIFY(!view->toolTip().isEmpty());
     }
 
     void tabIndentsAndBacktabOutdents()
@@ -113,65 +148,21 @@ private Q_SLOTS:
 
     void bracketsPairAndQuotesFollowTheSettings()
     {
-        UserDefaults::standard().setBool("TypographyAutoPairBraces", true);
+        // Pairing follows the preference from the next key on.
+        defaults->setValue(Settings::TypographyAutoPairBraces, 1);
         QTest::keyClicks(view.get(), "f(");
         QCOMPARE(view->string(), QString("f()"));
         QCOMPARE(view->selectedRange(), (QPair<int, int>(2, 0)));
 
-        UserDefaults::standard().setInteger("TypographyUseQuoteStyle", 3);
-        UserDefaults::standard().setBool("TypographyAutoPairBraces", false);
+        // The quote marks change when the layout is applied.
+        defaults->setValue(Settings::TypographyUseQuoteStyle, 3);
+        defaults->setValue(Settings::TypographyAutoPairBraces, 0);
+        QCOMPARE(view->openTag(), QString("\""));
         NotificationCenter::defaultCenter().post(Notifications::TextViewAttributesChanged);
         QCOMPARE(view->openTag(), QString("\u201C"));
         view->setString("");
         QTest::keyClicks(view.get(), "say \"hi\" ok");
         QCOMPARE(view->string(), QString("say \u201Chi\u201D ok"));
-    }
-
-    void moveLeftThroughTheCommandAction()
-    {
-        EditorCommands commands;
-        commands.setTextView(view.get());
-        QCOMPARE(commands.lineCommandActions().size(), 15);
-        QCOMPARE(commands.markupActions().size(), 8);
-        view->setString("aaa bbb ccc");
-        view->setSelectedRange(8, 3);
-        commands.action(EditorCommands::MoveSelectionLeft)->trigger();
-        QCOMPARE(view->string(), QString("aaa ccc bbb"));
-        QCOMPARE(view->selectedRange(), (QPair<int, int>(4, 3)));
-        QAction *undo = view->createUndoAction(view.get());
-        QCOMPARE(undo->text(), QString("Undo Move Down"));
-        undo->trigger();
-        QCOMPARE(view->string(), QString("aaa bbb ccc"));
-
-        commands.action(EditorCommands::InsertBoldTypeStyle)->trigger();
-        QCOMPARE(view->string(), QString("aaa bbb **ccc**"));
-        QCOMPARE(view->undoActionName(), QString("Insert Markup"));
-
-        view->setEditable(false);
-        QVERIFY(!commands.action(EditorCommands::MoveSelectionUp)->isEnabled());
-        QVERIFY(commands.action(EditorCommands::MoveCursorToNextEmptyLine)->isEnabled());
-        QTest::keyClicks(view.get(), "zz");
-        QCOMPARE(view->string(), QString("aaa bbb **ccc**"));
-        QVERIFY(!undo->isEnabled());
-    }
-
-    void actionsAreDescribed()
-    {
-        EditorCommands commands;
-        QSet<QString> shortcuts;
-        const auto all =
-            commands.lineCommandActions() + commands.markupActions() + commands.cleanUpActions();
-        for (QAction *action : all) {
-            QVERIFY2(!action->text().isEmpty() && !action->text().startsWith("EDITOR_"),
-                     qPrintable(action->objectName()));
-            QVERIFY2(!action->toolTip().isEmpty(), qPrintable(action->objectName()));
-            QVERIFY(!action->isEnabled()); // no view yet
-            if (!action->shortcut().isEmpty())
-                shortcuts.insert(action->shortcut().toString());
-        }
-        QCOMPARE(shortcuts.size(), 23);
-        QVERIFY(!view->accessibleName().isEmpty());
-        QVERIFY(!view->toolTip().isEmpty());
     }
 
     void changeNoticeComesOnceAfterTyping()

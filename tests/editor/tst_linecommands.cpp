@@ -83,11 +83,6 @@ private Q_SLOTS:
         QCOMPARE(e.beeps, 0);
         QCOMPARE(e.model->history().undoCount(), 1);
         QCOMPARE(e.model->undoActionKey(), undoKey);
-        e.model->undo();
-        QCOMPARE(e.marked(), before);
-        QCOMPARE(e.model->redoActionKey(), undoKey);
-        e.model->redo();
-        QCOMPARE(e.marked(), after);
     }
 
     void refusals_data()
@@ -206,23 +201,6 @@ private Q_SLOTS:
                 }
             }
         }
-    }
-
-    void documentBufferRunsTheSameCommands()
-    {
-        QTextDocument document;
-        document.setPlainText("aaa\nbbb ccc\n\n- x");
-        TextEditorModel model(std::make_unique<DocumentTextBuffer>(&document));
-        model.setSelectedRange({8, 3});
-        QVERIFY(LineCommands::moveSelectionUp(model));
-        QCOMPARE(document.toPlainText(), QString("aaaccc\nbbb \n\n- x"));
-        model.setSelectedRange({document.characterCount() - 1, 0});
-        model.insertText("\n");
-        QCOMPARE(model.string(), QString("aaaccc\nbbb \n\n- x\n- "));
-        model.undo();
-        model.undo();
-        QCOMPARE(model.string(), QString("aaa\nbbb ccc\n\n- x"));
-        QCOMPARE(model.selectedRange(), (TextRange{8, 3}));
     }
 };
 

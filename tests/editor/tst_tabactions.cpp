@@ -23,21 +23,26 @@ private Q_SLOTS:
 
     void pathFollowsTheSettings()
     {
-        const QString internal =
-            TestHome::instance()->path() + "/home/.local/share/Vellox/tabactions.plist";
+        using F = TabActionStore::FileSettings;
+        const QString home = TestHome::instance()->path() + "/home";
+        const QString internal = home + "/.local/share/Vellox/tabactions.plist";
         QCOMPARE(TabActionStore::internalPath(), internal);
-        QCOMPARE(TabActionStore::pathInUse(), internal);
-
-        UserDefaults &d = UserDefaults::standard();
-        d.setString("TabActionExternFilePath", "~/Sync/mine.tabActions");
+        QCOMPARE(TabActionStore::pathInUse(F()), internal);
         // The path alone does not switch files.
-        QCOMPARE(TabActionStore::pathInUse(), internal);
-        d.setBool("TabActionUseExternalFile", true);
-        QCOMPARE(TabActionStore::pathInUse(),
-                 TestHome::instance()->path() + "/home/Sync/mine.tabActions");
+        QCOMPARE(TabActionStore::pathInUse(F{false, "~/Sync/mine.tabActions", {}}), internal);
+        QCOMPARE(TabActionStore::pathInUse(F{true, "~/Sync/mine.tabActions", {}}),
+                 home + "/Sync/mine.tabActions");
         // Switched on before a file was chosen: the internal list keeps working.
-        d.removeObjectForKey("TabActionExternFilePath");
-        QCOMPARE(TabActionStore::pathInUse(), internal);
+        QCOMPARE(TabActionStore::pathInUse(F{true, "", {}}), internal);
+
+        UserDefaults defaults(TestHome::instance()->path() + "/store.conf");
+        defaults.setValue(Settings::TabActionUseExternalFile, true);
+        defaults.setValue(Settings::TabActionExternFilePath, QString("/x/y.tabActions"));
+        defaults.setValue(Settings::TabActionExternFilePathSecScope, QByteArray("mark"));
+        const F read = F::from(defaults);
+        QVERIFY(read.useExternalFile);
+        QCOMPARE(read.externalPath, QString("/x/y.tabActions"));
+        QCOMPARE(read.bookmark, QByteArray("mark"));
     }
 
     void brokenFilesGiveAnEmptyListAndOneLogLine_data()
@@ -64,11 +69,11 @@ private Q_SLOTS:
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("^ERROR: tab actions in \"" +
                                                               QRegularExpression::escape(path) +
                                                               "\" ignored: .*" + problem));
-        QVERIFY(TabActionStore::availableTabActions().isEmpty());
+        QVERIFY(TabActionStore::availableTabActions({}).isEmpty());
         // Tab asks again and again; the same problem is not logged again.
         QTest::failOnWarning(QRegularExpression("tab actions"));
-        QVERIFY(TabActionStore::availableTabActions().isEmpty());
-        QVERIFY(TabActionStore::availableTabActions().isEmpty());
+        QVERIFY(TabActionStore::availableTabActions({}).isEmpty());
+        QVERIFY(TabActionStore::availableTabActions({}).isEmpty());
 
         // Never written, never created.
         QCOMPARE(QFileInfo::exists(path), QTest::currentDataTag() != QLatin1String("missing"));
@@ -84,23 +89,23 @@ private Q_SLOTS:
     {
         const QString path = TabActionStore::internalPath();
         QVERIFY(TabActionStore::save(path, {{"sig", "Best regards,\n{*}"}}));
-        QCOMPARE(TabActionStore::availableTabActions(),
+        QCOMPARE(TabActionStore::availableTabActions({}),
                  (QVariantMap{{"sig", "Best regards,\n{*}"}}));
         QVERIFY(TabActionStore::save(path, {{"sig", "Cheers"}, {"Sig", "CHEERS"}}));
-        const QVariantMap now = TabActionStore::availableTabActions();
+        const QVariantMap now = TabActionStore::availableTabActions({});
         QCOMPARE(now.value("sig").toString(), QString("Cheers"));
         QCOMPARE(now.value("Sig").toString(), QString("CHEERS"));
 
         // After the file was broken and repaired, a new break is reported again.
         writeBytes(path, "garbage");
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("ignored"));
-        QVERIFY(TabActionStore::availableTabActions().isEmpty());
+        QVERIFY(TabActionStore::availableTabActions({}).isEmpty());
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("a copy was kept"));
         QVERIFY(TabActionStore::save(path, {{"a", "b"}}));
-        QCOMPARE(TabActionStore::availableTabActions().size(), 1);
+        QCOMPARE(TabActionStore::availableTabActions({}).size(), 1);
         writeBytes(path, "garbage");
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("ignored"));
-        QVERIFY(TabActionStore::availableTabActions().isEmpty());
+        QVERIFY(TabActionStore::availableTabActions({}).isEmpty());
     }
 
     void onlyExpandableEntriesReachTheTypingEngine()
@@ -114,7 +119,7 @@ private Q_SLOTS:
         file.insert("number", qlonglong(3));
         const QString path = TabActionStore::internalPath();
         QVERIFY(TabActionStore::save(path, file));
-        QCOMPARE(TabActionStore::availableTabActions(), (QVariantMap{{"ok", "expansion"}}));
+        QCOMPARE(TabActionStore::availableTabActions({}), (QVariantMap{{"ok", "expansion"}}));
         // The window still gets everything, so saving from it loses nothing.
         QCOMPARE(TabActionStore::load(path), file);
     }

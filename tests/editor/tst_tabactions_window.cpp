@@ -66,16 +66,31 @@ bool isEditingName(OneClickStyleEditorController &window)
 // The window as the user opens it.
 struct ShownWindow : OneClickStyleEditorController
 {
-    ShownWindow() { show(); }
+    explicit ShownWindow(UserDefaults &defaults)
+        : OneClickStyleEditorController(defaults)
+    {
+        show();
+    }
 };
 
 class TestTabActionWindow : public QObject
 {
     Q_OBJECT
+private:
+    std::unique_ptr<UserDefaults> store;
+
+    QVariantMap forTheTypingEngine() const
+    {
+        return TabActionStore::availableTabActions(TabActionStore::FileSettings::from(*store));
+    }
+
 private Q_SLOTS:
     void init()
     {
         TestHome::instance()->reset();
+        store.reset();
+        QFile::remove(TestHome::instance()->path() + "/window.conf");
+        store = std::make_unique<UserDefaults>(TestHome::instance()->path() + "/window.conf");
         Alert::clearHistory();
         Alert::setResponder([](const AlertRequest &) { return 0; });
     }
@@ -83,7 +98,7 @@ private Q_SLOTS:
     void lookingWritesNothing()
     {
         {
-            ShownWindow window;
+            ShownWindow window(*store);
             QVERIFY(window.tableDisplayArray().isEmpty());
             QVERIFY(!window.styleEditTextView()->isEnabled());
             QVERIFY(window.fileProblem().isEmpty());
@@ -94,7 +109,7 @@ private Q_SLOTS:
         // An unreadable file is shown as an empty list and left exactly as it is.
         const QByteArray broken = "<?xml version=\"1.0\"?><plist><dict><key>sig</key>";
         writeBytes(internalFile(), broken);
-        ShownWindow window;
+        ShownWindow window(*store);
         QVERIFY(window.tableDisplayArray().isEmpty());
         QVERIFY(window.fileProblem().contains(internalFile()));
         window.close();
@@ -112,7 +127,7 @@ private Q_SLOTS:
 
     void addingTwiceLeavesOneNewTabAction()
     {
-        ShownWindow window;
+        ShownWindow window(*store);
         window.addNewStyle();
         QVERIFY(isEditingName(window));
         window.addNewStyle();
@@ -134,7 +149,7 @@ private Q_SLOTS:
     {
         QVERIFY(TabActionStore::save(internalFile(), {{"sig", "Regards"}, {"addr", "Main St"}}));
         const QByteArray before = readBytes(internalFile());
-        ShownWindow window;
+        ShownWindow window(*store);
         select(window, "sig");
         const int row = int(window.tableDisplayArray().indexOf("sig"));
 
@@ -170,7 +185,7 @@ private Q_SLOTS:
     void renameCarriesTheExpansionBeingEdited()
     {
         QVERIFY(TabActionStore::save(internalFile(), {{"sig", "Regards"}, {"zip", "12345"}}));
-        ShownWindow window;
+        ShownWindow window(*store);
         select(window, "sig");
         typeAtEnd(window, ", Ann");
         window.renameTabAction(int(window.tableDisplayArray().indexOf("sig")), "Sig2");
@@ -181,14 +196,13 @@ private Q_SLOTS:
         QCOMPARE(window.stylesTable()->selectionModel()->selectedRows().size(), 1);
         QCOMPARE(window.stylesTable()->selectionModel()->selectedRows().first().row(), 0);
         QCOMPARE(onDisk(), (QVariantMap{{"Sig2", "Regards, Ann"}, {"zip", "12345"}}));
-        QCOMPARE(TabActionStore::availableTabActions().value("Sig2").toString(),
-                 QString("Regards, Ann"));
+        QCOMPARE(forTheTypingEngine().value("Sig2").toString(), QString("Regards, Ann"));
     }
 
     void renameThroughTheTableEditor()
     {
         QVERIFY(TabActionStore::save(internalFile(), {{"sig", "Regards"}}));
-        ShownWindow window;
+        ShownWindow window(*store);
         QTableView *table = window.stylesTable();
         const QModelIndex index = table->model()->index(0, 0);
 
@@ -223,13 +237,13 @@ private Q_SLOTS:
     void movingOnSavesWhatWasTyped()
     {
         QVERIFY(TabActionStore::save(internalFile(), {{"a", "Alpha"}, {"b", "Beta"}}));
-        ShownWindow window;
+        ShownWindow window(*store);
         select(window, "a");
         typeAtEnd(window, " one");
         select(window, "b");
         QCOMPARE(window.styleEditTextView()->toPlainText(), QString("Beta"));
         // The typing engine reads the file on every Tab, so it sees the change at once.
-        QCOMPARE(TabActionStore::availableTabActions().value("a").toString(), QString("Alpha one"));
+        QCOMPARE(forTheTypingEngine().value("a").toString(), QString("Alpha one"));
 
         typeAtEnd(window, " two");
         window.close();
@@ -252,7 +266,7 @@ private Q_SLOTS:
     void draggingARowCarriesItsCurrentText()
     {
         QVERIFY(TabActionStore::save(internalFile(), {{"sig", "Regards"}, {"zip", "12345"}}));
-        ShownWindow window;
+        ShownWindow window(*store);
         select(window, "sig");
         typeAtEnd(window, ", J");
         window.styleEditTextView()->textCursor().insertText(QString::fromUtf8("\xC3\xBCrgen"));
@@ -271,7 +285,7 @@ private Q_SLOTS:
                                QString::fromUtf8("\xF0\x9F\x98\x80 {*} and {*}\t");
         QVERIFY(TabActionStore::save(internalFile(), {{"t", tricky}, {"u", "plain"}}));
         const QByteArray before = readBytes(internalFile());
-        ShownWindow window;
+        ShownWindow window(*store);
         select(window, "t");
         select(window, "u");
         select(window, "t");
@@ -293,7 +307,7 @@ private Q_SLOTS:
     void removeDeletesTheSelectedAction()
     {
         QVERIFY(TabActionStore::save(internalFile(), {{"a", "1"}, {"b", "2"}, {"c", "3"}}));
-        ShownWindow window;
+        ShownWindow window(*store);
         select(window, "b");
         typeAtEnd(window, " unsaved");
         window.removeStyle();
@@ -318,7 +332,7 @@ private Q_SLOTS:
     {
         QTemporaryDir dir;
         QVERIFY(TabActionStore::save(internalFile(), {{"in", "internal"}}));
-        ShownWindow window;
+        ShownWindow window(*store);
         select(window, "in");
         typeAtEnd(window, "!");
 
@@ -327,15 +341,14 @@ private Q_SLOTS:
         const QString mine = dir.filePath("mine.tabActions");
         QCOMPARE(onDisk(), (QVariantMap{{"in", "internal!"}}));
         QCOMPARE(readBytes(mine), PropertyList::toXml(QVariantMap()));
-        UserDefaults &d = UserDefaults::standard();
-        QCOMPARE(d.stringForKey("TabActionExternFilePath"), mine);
-        QVERIFY(d.boolForKey("TabActionUseExternalFile"));
+        QCOMPARE(store->value(Settings::TabActionExternFilePath), mine);
+        QVERIFY(store->value(Settings::TabActionUseExternalFile));
         QCOMPARE(window.pathToTabActionsfile(), mine);
         QVERIFY(window.tableDisplayArray().isEmpty());
         window.addNewStyle();
         QCOMPARE(onDisk(mine), (QVariantMap{{"NewTabAction", "Empty"}}));
         QCOMPARE(onDisk(), (QVariantMap{{"in", "internal!"}}));
-        QCOMPARE(TabActionStore::availableTabActions(), onDisk(mine));
+        QCOMPARE(forTheTypingEngine(), onDisk(mine));
 
         // Choosing an existing file shows its list.
         const QString team = dir.filePath("team.tabActions");
@@ -352,9 +365,39 @@ private Q_SLOTS:
         QVERIFY(window.tableDisplayArray().isEmpty());
         QVERIFY(window.fileProblem().contains(team));
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("does not exist"));
-        QVERIFY(TabActionStore::availableTabActions().isEmpty());
+        QVERIFY(forTheTypingEngine().isEmpty());
         window.close();
         QVERIFY(!QFile::exists(team));
+    }
+
+    // Whatever happened to the file while the window stayed open or hidden is what the
+    // window shows when it comes forward, and a list deleted meanwhile is not written back.
+    void comingForwardShowsTheFileAsItIsNow()
+    {
+        QVERIFY(TabActionStore::save(internalFile(), {{"a", "1"}, {"b", "2"}}));
+        ShownWindow window(*store);
+        select(window, "b");
+        QVERIFY(TabActionStore::save(internalFile(), {{"b", "changed"}, {"c", "3"}}));
+        window.showWindow();
+        QCOMPARE(window.tableDisplayArray(), (QStringList{"b", "c"}));
+        QCOMPARE(window.shownTabAction(), QString("b"));
+        QCOMPARE(window.styleEditTextView()->toPlainText(), QString("changed"));
+
+        QVERIFY(QFile::remove(internalFile()));
+        window.showWindow();
+        QVERIFY(window.tableDisplayArray().isEmpty());
+        window.hide();
+        QVERIFY(!QFile::exists(internalFile()));
+
+        QVERIFY(TabActionStore::save(internalFile(), {{"d", "4"}}));
+        window.showWindow();
+        QCOMPARE(window.tableDisplayArray(), QStringList{"d"});
+        QVERIFY(QFile::remove(internalFile()));
+        window.hide();
+        window.showWindow();
+        QVERIFY(window.tableDisplayArray().isEmpty());
+        window.close();
+        QVERIFY(!QFile::exists(internalFile()));
     }
 
     void switchingFilesInThePreferencesWhileOpen()
@@ -363,25 +406,25 @@ private Q_SLOTS:
         const QString external = dir.filePath("x.tabActions");
         QVERIFY(TabActionStore::save(external, {{"ext", "external"}}));
         QVERIFY(TabActionStore::save(internalFile(), {{"in", "internal"}}));
-        ShownWindow window;
+        ShownWindow window(*store);
         select(window, "in");
         typeAtEnd(window, " edited");
 
-        UserDefaults::standard().setString("TabActionExternFilePath", external);
+        store->setValue(Settings::TabActionExternFilePath, external);
         QCOMPARE(window.pathToTabActionsfile(), internalFile());
-        UserDefaults::standard().setBool("TabActionUseExternalFile", true);
+        store->setValue(Settings::TabActionUseExternalFile, true);
         QCOMPARE(window.pathToTabActionsfile(), external);
         QCOMPARE(onDisk(), (QVariantMap{{"in", "internal edited"}}));
         QCOMPARE(window.tableDisplayArray(), QStringList{"ext"});
 
-        UserDefaults::standard().setBool("TabActionUseExternalFile", false);
+        store->setValue(Settings::TabActionUseExternalFile, false);
         QCOMPARE(window.tableDisplayArray(), QStringList{"in"});
         QCOMPARE(onDisk(external), (QVariantMap{{"ext", "external"}}));
     }
 
     void everyControlIsNamedAndExplained()
     {
-        ShownWindow window;
+        ShownWindow window(*store);
         QVERIFY(!window.windowTitle().isEmpty());
         const QList<QWidget *> controls = window.findChildren<QWidget *>();
         int checked = 0;

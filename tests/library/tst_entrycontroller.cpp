@@ -52,7 +52,7 @@ QByteArray cursorAttribute(const QString &path)
 struct EntryWindow
 {
     QWidget window;
-    QPlainTextEdit *editor = new Vellox_EnhancedTextView;
+    QPlainTextEdit *editor = new Vellox_EnhancedTextView(UserDefaults::standard());
     QLineEdit *title = new QLineEdit;
     QListView *list = new QListView;
     QLabel *counter = new QLabel;

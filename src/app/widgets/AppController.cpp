@@ -97,7 +97,7 @@ void AppController::setupDarkDocument()
 
 void AppController::buildEditor()
 {
-    m_editor = new Vellox_EnhancedTextView;
+    m_editor = new Vellox_EnhancedTextView(m_defaults);
     m_window->setEditor(m_editor);
     // Only a selected or newly titled entry makes the editor writable.
     m_editor->setEditable(false);
@@ -255,7 +255,7 @@ void AppController::showCSSStyleSelectorHudPanel()
 OneClickStyleEditorController *AppController::tabActionEditor()
 {
     if (!m_tabActionEditor)
-        m_tabActionEditor = new OneClickStyleEditorController(m_window);
+        m_tabActionEditor = new OneClickStyleEditorController(m_defaults, m_window);
     return m_tabActionEditor;
 }
 

@@ -8,6 +8,7 @@
 #include "editor/ListNumbering.h"
 #include "editor/MarkupInsertion.h"
 #include "editor/TextEditorModel.h"
+#include "render/MarkupLanguage.h"
 
 #include <QAction>
 #include <QApplication>
@@ -44,8 +45,9 @@ bool isTypedText(const QKeyEvent *e)
 }
 } // namespace
 
-EnhancedTextView::EnhancedTextView(QWidget *parent)
+EnhancedTextView::EnhancedTextView(UserDefaults &defaults, QWidget *parent)
     : QPlainTextEdit(parent)
+    , m_defaults(defaults)
     , m_model(new TextEditorModel(std::make_unique<ViewTextBuffer>(this), this))
     , m_changeTimer(new QTimer(this))
     , m_countTimer(new QTimer(this))
@@ -74,6 +76,7 @@ EnhancedTextView::EnhancedTextView(QWidget *parent)
     connect(m_model, &TextEditorModel::undoStateChanged, this, &EnhancedTextView::undoStateChanged);
     connect(document(), &QTextDocument::contentsChange, this, &EnhancedTextView::documentChanged);
     m_model->setTabActionProvider([this] { return availableTabActions(); });
+    connect(&m_defaults, &UserDefaults::valueChanged, this, &EnhancedTextView::settingChanged);
 
     setTextViewLayout();
     NotificationCenter::defaultCenter().addObserver(
@@ -161,8 +164,18 @@ QString EnhancedTextView::closeTag() const
 
 void EnhancedTextView::setTextViewLayout()
 {
-    m_model->engine().applyQuoteStyle(
-        UserDefaults::standard().integerForKey(QStringLiteral("TypographyUseQuoteStyle")));
+    m_model->engine().setOptions({m_defaults.value(Settings::TypographyAutoPairBraces) != 0,
+                                  m_defaults.value(Settings::TypographyUseQuoteStyle)});
+}
+
+// Pairing follows the preference from the next key on; the quote marks wait for the layout.
+void EnhancedTextView::settingChanged(const QString &key)
+{
+    if (key != Settings::TypographyAutoPairBraces.name())
+        return;
+    TypingEngine::Options options = m_model->engine().options();
+    options.autoPairBraces = m_defaults.value(Settings::TypographyAutoPairBraces) != 0;
+    m_model->engine().setOptions(options);
 }
 
 QVariantMap EnhancedTextView::availableTabActions() const
@@ -197,7 +210,7 @@ QStringList EnhancedTextView::availableMarkupLanguages() const
 
 QString EnhancedTextView::markupTemplateForType(const QString &type) const
 {
-    return MarkupInsertion::markupTemplateForType(type);
+    return MarkupInsertion::markupTemplateForType(type, MarkupLanguage::current(m_defaults));
 }
 
 // --- undo ---------------------------------------------------------------------------------
@@ -595,22 +608,22 @@ void EnhancedTextView::performMarkupInsertion(const QString &templateText)
 
 void EnhancedTextView::insertBoldTypeStyle()
 {
-    MarkupInsertion::insertBoldTypeStyle(*m_model);
+    MarkupInsertion::insertBoldTypeStyle(*m_model, MarkupLanguage::current(m_defaults));
 }
 
 void EnhancedTextView::insertItalicTypeStyle()
 {
-    MarkupInsertion::insertItalicTypeStyle(*m_model);
+    MarkupInsertion::insertItalicTypeStyle(*m_model, MarkupLanguage::current(m_defaults));
 }
 
 void EnhancedTextView::insertStrikeTypeStyle()
 {
-    MarkupInsertion::insertStrikeTypeStyle(*m_model);
+    MarkupInsertion::insertStrikeTypeStyle(*m_model, MarkupLanguage::current(m_defaults));
 }
 
 void EnhancedTextView::insertHeadlineStyleType(int level)
 {
-    MarkupInsertion::insertHeadlineStyleType(*m_model, level);
+    MarkupInsertion::insertHeadlineStyleType(*m_model, MarkupLanguage::current(m_defaults), level);
 }
 
 void EnhancedTextView::transformSelectedTextToTag()
@@ -620,7 +633,7 @@ void EnhancedTextView::transformSelectedTextToTag()
 
 void EnhancedTextView::contextActionRemoveMarkup()
 {
-    MarkupInsertion::removeMarkup(*m_model);
+    MarkupInsertion::removeMarkup(*m_model, MarkupLanguage::current(m_defaults));
 }
 
 void EnhancedTextView::contextActionTrimLines()

@@ -13,6 +13,7 @@ class QMenu;
 class QMimeData;
 class QTimer;
 class TextEditorModel;
+class UserDefaults;
 
 // The entry editor. Every user edit (keys, input-method commits, paste, drop, deletions) is
 // offered to the typing engine first, and every change, typed or made by a command, goes
@@ -21,7 +22,8 @@ class EnhancedTextView : public QPlainTextEdit
 {
     Q_OBJECT
 public:
-    explicit EnhancedTextView(QWidget *parent = nullptr);
+    // defaults: where the typing options, quote style and markup language are read.
+    explicit EnhancedTextView(UserDefaults &defaults, QWidget *parent = nullptr);
     ~EnhancedTextView() override;
 
     // Loading an entry: replaces the text without undo and without a change notice.
@@ -34,6 +36,7 @@ public:
     void setSelectedRange(int location, int length);
 
     TextEditorModel &model() const { return *m_model; }
+    UserDefaults &defaults() const { return m_defaults; }
 
     // The change filter: true lets the edit through, false when the engine made its own.
     bool shouldChangeTextInRange(int location, int length, const QString &replacement);
@@ -120,7 +123,9 @@ private:
     bool handleDeletionKey(QKeyEvent *e);
     void userEdit(TextRange range, const QString &text, const QString &actionKey);
     void documentChanged(int position, int removed, int added);
+    void settingChanged(const QString &key);
 
+    UserDefaults &m_defaults;
     TextEditorModel *m_model;
     QTimer *m_changeTimer;
     QTimer *m_countTimer;

@@ -28,9 +28,6 @@
 namespace {
 const QString kNewTabActionName = QStringLiteral("NewTabAction");
 const QString kNewTabActionExpansion = QStringLiteral("Empty");
-const QString kUseExternalKey = QStringLiteral("TabActionUseExternalFile");
-const QString kExternalPathKey = QStringLiteral("TabActionExternFilePath");
-const QString kExternalBookmarkKey = QStringLiteral("TabActionExternFilePathSecScope");
 const QString kExternalSuffix = QStringLiteral("tabActions");
 
 QFont expansionFont()
@@ -53,8 +50,10 @@ QString withSuffix(const QString &path)
 }
 } // namespace
 
-OneClickStyleEditorController::OneClickStyleEditorController(QWidget *parent)
+OneClickStyleEditorController::OneClickStyleEditorController(UserDefaults &defaults,
+                                                             QWidget *parent)
     : QWidget(parent, Qt::Window)
+    , m_defaults(defaults)
     , m_model(new TabActionTableModel(this))
 {
     setObjectName(QStringLiteral("OneClickStyleEditorController"));
@@ -72,7 +71,7 @@ OneClickStyleEditorController::OneClickStyleEditorController(QWidget *parent)
         if (!m_shownName.isEmpty())
             m_model->setExpansion(m_shownName, textAreaContent());
     });
-    connect(&UserDefaults::standard(), &UserDefaults::valueChanged, this,
+    connect(&m_defaults, &UserDefaults::valueChanged, this,
             &OneClickStyleEditorController::settingChanged);
 
     setPathToTabActions();
@@ -245,24 +244,37 @@ QString OneClickStyleEditorController::fileProblem() const
 
 void OneClickStyleEditorController::showWindow()
 {
-    if (isVisible()) {
-        raise();
-        activateWindow();
-        return;
-    }
-    show();
+    if (isVisible())
+        reloadFromFile();
+    else
+        show();
     raise();
     activateWindow();
 }
 
 void OneClickStyleEditorController::showEvent(QShowEvent *event)
 {
-    // Opening the window always shows the file as it is now, whoever changed it meanwhile.
-    if (!event->spontaneous()) {
-        setPathToTabActions();
-        loadTabActions();
-    }
+    // Shown again, also from the task bar: the file may have been changed or deleted since.
+    reloadFromFile();
     QWidget::showEvent(event);
+}
+
+void OneClickStyleEditorController::reloadFromFile()
+{
+    // Text typed here and not yet stored is the user's; it goes to the file first.
+    saveNewStyle();
+    setPathToTabActions();
+    loadTabActions();
+}
+
+QString OneClickStyleEditorController::fileStamp() const
+{
+    const QFileInfo info(m_pathToTabActionsfile);
+    if (!info.exists())
+        return QString();
+    return QStringLiteral("%1 %2")
+        .arg(info.size())
+        .arg(info.lastModified().toString(Qt::ISODateWithMs));
 }
 
 void OneClickStyleEditorController::closeEvent(QCloseEvent *event)
@@ -280,21 +292,26 @@ void OneClickStyleEditorController::hideEvent(QHideEvent *event)
 
 void OneClickStyleEditorController::changeEvent(QEvent *event)
 {
-    if (event->type() == QEvent::ActivationChange && isVisible() && !isActiveWindow())
-        saveNewStyle();
+    if (event->type() == QEvent::ActivationChange && isVisible()) {
+        if (!isActiveWindow())
+            saveNewStyle();
+        else if (fileStamp() != m_fileStamp)
+            reloadFromFile();
+    }
     QWidget::changeEvent(event);
 }
 
 void OneClickStyleEditorController::setPathToTabActions()
 {
-    m_pathToTabActionsfile = TabActionStore::pathInUse();
+    m_pathToTabActionsfile =
+        TabActionStore::pathInUse(TabActionStore::FileSettings::from(m_defaults));
     refreshFileControls();
 }
 
 void OneClickStyleEditorController::refreshFileControls()
 {
     const QSignalBlocker blocker(m_useExternalBox);
-    m_useExternalBox->setChecked(UserDefaults::standard().boolForKey(kUseExternalKey));
+    m_useExternalBox->setChecked(m_defaults.value(Settings::TabActionUseExternalFile));
     m_pathLabel->setText(QDir::toNativeSeparators(m_pathToTabActionsfile));
     m_pathLabel->setToolTip(m_pathToTabActionsfile);
 }
@@ -304,6 +321,7 @@ void OneClickStyleEditorController::loadTabActions()
     QString problem;
     m_listOfTabActions = TabActionStore::load(m_pathToTabActionsfile, &problem);
     m_savedTabActions = m_listOfTabActions;
+    m_fileStamp = fileStamp();
     const bool exists = QFileInfo::exists(m_pathToTabActionsfile);
     if (problem.isEmpty()) {
         showFileProblem(QString());
@@ -337,6 +355,7 @@ bool OneClickStyleEditorController::saveStyleCollection()
         return false;
     }
     m_savedTabActions = m_listOfTabActions;
+    m_fileStamp = fileStamp();
     showFileProblem(QString());
     return true;
 }
@@ -547,11 +566,10 @@ void OneClickStyleEditorController::createExternalTabActionFile(const QString &p
 void OneClickStyleEditorController::useExternalTabActionFile(const QString &path)
 {
     saveNewStyle();
-    UserDefaults &defaults = UserDefaults::standard();
-    defaults.setString(kExternalPathKey, path);
+    m_defaults.setValue(Settings::TabActionExternFilePath, path);
     // No security-scoped bookmark exists on this platform; the path is all that is needed.
-    defaults.removeObjectForKey(kExternalBookmarkKey);
-    defaults.setBool(kUseExternalKey, true);
+    m_defaults.remove(Settings::TabActionExternFilePathSecScope);
+    m_defaults.setValue(Settings::TabActionUseExternalFile, true);
     setPathToTabActions();
     loadTabActions();
 }
@@ -559,13 +577,12 @@ void OneClickStyleEditorController::useExternalTabActionFile(const QString &path
 void OneClickStyleEditorController::setUseExternalFile(bool on)
 {
     saveNewStyle();
-    UserDefaults &defaults = UserDefaults::standard();
-    if (on && defaults.stringForKey(kExternalPathKey).isEmpty()) {
+    if (on && m_defaults.value(Settings::TabActionExternFilePath).isEmpty()) {
         chooseTabActionFile();
         refreshFileControls();
         return;
     }
-    defaults.setBool(kUseExternalKey, on);
+    m_defaults.setValue(Settings::TabActionUseExternalFile, on);
     setPathToTabActions();
     loadTabActions();
 }
@@ -574,9 +591,11 @@ void OneClickStyleEditorController::setUseExternalFile(bool on)
 // it came from before the other file is shown.
 void OneClickStyleEditorController::settingChanged(const QString &key)
 {
-    if (key != kUseExternalKey && key != kExternalPathKey)
+    if (key != Settings::TabActionUseExternalFile.name() &&
+        key != Settings::TabActionExternFilePath.name())
         return;
-    if (TabActionStore::pathInUse() == m_pathToTabActionsfile) {
+    if (TabActionStore::pathInUse(TabActionStore::FileSettings::from(m_defaults)) ==
+        m_pathToTabActionsfile) {
         refreshFileControls();
         return;
     }

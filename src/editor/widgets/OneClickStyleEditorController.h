@@ -11,6 +11,7 @@ class QPushButton;
 class QTableView;
 class QToolButton;
 class TabActionTableModel;
+class UserDefaults;
 
 // The tab-action window: a one-column table of abbreviations and, beside it, the expansion of
 // the selected one. Every change reaches the file as soon as the user moves on (another row,
@@ -21,7 +22,8 @@ class OneClickStyleEditorController : public QWidget
 {
     Q_OBJECT
 public:
-    explicit OneClickStyleEditorController(QWidget *parent = nullptr);
+    // defaults: where the choice of file is read and stored.
+    explicit OneClickStyleEditorController(UserDefaults &defaults, QWidget *parent = nullptr);
     ~OneClickStyleEditorController() override;
 
     QString pathToTabActionsfile() const { return m_pathToTabActionsfile; }
@@ -35,7 +37,8 @@ public:
     QString fileProblem() const;
 
 public Q_SLOTS:
-    // Shows the window, loading the list from the file currently in use.
+    // Shows the window (or brings it forward), loading the list from the file currently in
+    // use: whatever happened to the file meanwhile is what the window shows.
     void showWindow();
     void setPathToTabActions();
     void loadTabActions();
@@ -73,12 +76,19 @@ private:
     void settingChanged(const QString &key);
     void showFileProblem(const QString &message);
     void refreshFileControls();
+    // Keeps what the user typed, then shows the file as it is now.
+    void reloadFromFile();
+    QString fileStamp() const;
 
+    UserDefaults &m_defaults;
     QString m_pathToTabActionsfile;
     QVariantMap m_listOfTabActions;
     // What the file held when last read or written: saving an unchanged list is skipped, so
     // merely looking at an unreadable file never replaces it.
     QVariantMap m_savedTabActions;
+    // The file's size and date when last read or written: a change by someone else since
+    // is seen when the window comes forward again.
+    QString m_fileStamp;
     QStringList m_tableDisplayArray;
     QString m_shownName;
     bool m_updatingSelection = false;

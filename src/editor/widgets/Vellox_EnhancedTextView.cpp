@@ -1,21 +1,14 @@
 #include "Vellox_EnhancedTextView.h"
 
-#if __has_include("editor/TabActionStore.h")
 #include "editor/TabActionStore.h"
-#define VELLOX_HAS_TAB_ACTION_STORE 1
-#endif
 
-Vellox_EnhancedTextView::Vellox_EnhancedTextView(QWidget *parent)
-    : EnhancedTextView(parent)
+Vellox_EnhancedTextView::Vellox_EnhancedTextView(UserDefaults &defaults, QWidget *parent)
+    : EnhancedTextView(defaults, parent)
 {}
 
 QVariantMap Vellox_EnhancedTextView::availableTabActions() const
 {
-#ifdef VELLOX_HAS_TAB_ACTION_STORE
-    return TabActionStore::availableTabActions();
-#else
-    return QVariantMap();
-#endif
+    return TabActionStore::availableTabActions(TabActionStore::FileSettings::from(defaults()));
 }
 
 void Vellox_EnhancedTextView::sendNotifactionUpdatesTextCountUpdate()

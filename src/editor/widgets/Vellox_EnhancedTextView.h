@@ -7,7 +7,7 @@ class Vellox_EnhancedTextView : public EnhancedTextView
 {
     Q_OBJECT
 public:
-    explicit Vellox_EnhancedTextView(QWidget *parent = nullptr);
+    explicit Vellox_EnhancedTextView(UserDefaults &defaults, QWidget *parent = nullptr);
 
     QVariantMap availableTabActions() const override;
     void sendNotifactionUpdatesTextCountUpdate() override;
