@@ -36,6 +36,7 @@ bool TextEditorModel::userEdit(TextRange affected, const QString &replacement,
         // step already being made.
         if (!m_engine.shouldChangeTextInRange(*this, affected, replacement))
             return false;
+        m_history.setActionName(actionKey);
         const int inserted = replaceRecorded(affected, replacement);
         m_buffer->setSelection({affected.location + inserted, 0});
         return true;
