@@ -154,6 +154,8 @@ void TextEditorModel::replaceCharactersInRange(TextRange range, const QString &s
 {
     range = m_buffer->clamped(range);
     const TextRange selection = selectedRange();
+    // A step of its own when no step is being made, with the selections on either side.
+    Step step(*this);
     const int inserted = replaceRecorded(range, string);
     const int delta = inserted - range.length;
     if (selection.location >= range.end())
