@@ -36,6 +36,7 @@ bool TextEditorModel::userEdit(TextRange affected, const QString &replacement,
         // step already being made.
         if (!m_engine.shouldChangeTextInRange(*this, affected, replacement))
             return false;
+        m_history.setActionName(actionKey);
         const int inserted = replaceRecorded(affected, replacement);
         m_buffer->setSelection({affected.location + inserted, 0});
         return true;
@@ -153,6 +154,8 @@ void TextEditorModel::replaceCharactersInRange(TextRange range, const QString &s
 {
     range = m_buffer->clamped(range);
     const TextRange selection = selectedRange();
+    // A step of its own when no step is being made, with the selections on either side.
+    Step step(*this);
     const int inserted = replaceRecorded(range, string);
     const int delta = inserted - range.length;
     if (selection.location >= range.end())

@@ -25,66 +25,6 @@ class TestLineCommands : public QObject
 private Q_SLOTS:
     void init() { TestHome::instance()->reset(); }
 
-    void reshapes_data()
-    {
-        QTest::addColumn<Command>("run");
-        QTest::addColumn<QString>("before");
-        QTest::addColumn<QString>("after");
-        QTest::addColumn<QString>("undoKey");
-        using L = LineCommands;
-        const QString indent = "UNDO_INDENTION_CHANGE";
-        addRow("indent", command(L::indentSelectedText), "⟦a\nb⟧", "⟦\ta\n\tb⟧", indent);
-        addRow("indent, trailing break", command(L::indentSelectedText), "⟦a\nb\n⟧", "⟦\ta\n\tb\n⟧",
-               indent);
-        addRow("de-indent", command(L::deIndentSelectedText), "⟦\t\ta\n\tb⟧", "⟦\ta\nb⟧", indent);
-        addRow("de-indent, empty middle line", command(L::deIndentSelectedText), "⟦\ta\n\n\tb⟧",
-               "⟦a\n\nb⟧", indent);
-        addRow("copy before", command(L::insertSelectedTextBeforeSelection), "x ⟦ab⟧ y",
-               "x ab\n⟦ab⟧ y", indent);
-        addRow("copy after", command(L::insertSelectedTextAfterSelection), "x ⟦ab⟧ y",
-               "x ⟦ab⟧\nab y", indent);
-        addRow("copy left", command(L::insertSelectedTextLeftToSelection), "x ⟦ab⟧ y",
-               "x ab ⟦ab⟧ y", "UNDO_COPYPAST_LEFT");
-        addRow("copy right", command(L::insertSelectedTextRightToSelection), "x ⟦ab⟧ y",
-               "x ⟦ab⟧ ab y", "UNDO_COPYPAST_RIGHT");
-        addRow("move up", command(L::moveSelectionUp), "aaa\nbbb ⟦ccc⟧", "aaa⟦ccc⟧\nbbb ",
-               "UNDO_MOVE_UP");
-        addRow("move up from the first line", command(L::moveSelectionUp), "abc ⟦def⟧ g",
-               "⟦def⟧\nabc  g", "UNDO_MOVE_UP");
-        addRow("move down", command(L::moveSelectionDown), "x⟦aaa⟧\nbbb", "x\n⟦aaa⟧bbb",
-               "UNDO_MOVE_DOWN");
-        addRow("move down from the last line", command(L::moveSelectionDown), "ab ⟦cd⟧ e",
-               "ab  e\n⟦cd⟧", "UNDO_MOVE_DOWN");
-        addRow("move left", command(L::moveSelectionLeft), "aaa bbb ⟦ccc⟧", "aaa ⟦ccc⟧ bbb",
-               "UNDO_MOVE_DOWN");
-        addRow("move left, no blank before", command(L::moveSelectionLeft), "ab⟦cd⟧ e", "⟦cd⟧ab e",
-               "UNDO_MOVE_DOWN");
-        // The blank before the word travels with it, so the line break stays behind.
-        addRow("move left across a line", command(L::moveSelectionLeft), "a\nbb ⟦cc⟧", "a ⟦cc⟧\nbb",
-               "UNDO_MOVE_DOWN");
-        addRow("move right", command(L::moveSelectionRight), "⟦aaa⟧ bbb ccc", "bbb ⟦aaa⟧ ccc",
-               "UNDO_MOVE_DOWN");
-        addRow("move right, no blank after", command(L::moveSelectionRight), "⟦ab⟧cd", "cd⟦ab⟧",
-               "UNDO_MOVE_DOWN");
-        addRow("move right, surrogates", command(L::moveSelectionRight), "⟦😀⟧ 😺x y", "😺x ⟦😀⟧ y",
-               "UNDO_MOVE_DOWN");
-        addRow("move left, right-to-left", command(L::moveSelectionLeft), "א בב ⟦גג⟧", "א ⟦גג⟧ בב",
-               "UNDO_MOVE_DOWN");
-    }
-    void reshapes()
-    {
-        QFETCH(Command, run);
-        QFETCH(QString, before);
-        QFETCH(QString, after);
-        QFETCH(QString, undoKey);
-        StringEditor e(before);
-        QVERIFY(run(*e.model));
-        QCOMPARE(e.marked(), after);
-        QCOMPARE(e.beeps, 0);
-        QCOMPARE(e.model->history().undoCount(), 1);
-        QCOMPARE(e.model->undoActionKey(), undoKey);
-    }
-
     void refusals_data()
     {
         QTest::addColumn<Command>("run");
@@ -155,17 +95,6 @@ private Q_SLOTS:
         StringEditor e(before);
         QVERIFY(run(*e.model));
         QCOMPARE(e.marked(), after);
-    }
-
-    void emptyLineMovesWalkOneAtATime()
-    {
-        StringEditor e("a\n\nb\n\nc|");
-        QVERIFY(LineCommands::moveCursorToPreviousEmptyLine(*e.model));
-        QVERIFY(LineCommands::moveCursorToPreviousEmptyLine(*e.model));
-        QCOMPARE(e.marked(), QString("a\n|\nb\n\nc"));
-        QVERIFY(!LineCommands::moveCursorToPreviousEmptyLine(*e.model));
-        QVERIFY(LineCommands::moveCursorToNextEmptyLine(*e.model));
-        QCOMPARE(e.marked(), QString("a\n\nb\n|\nc"));
     }
 
     // The commands read through the TextBuffer seam; the document-backed buffer must answer

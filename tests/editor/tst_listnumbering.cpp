@@ -9,83 +9,40 @@ class TestListNumbering : public QObject
 {
     Q_OBJECT
 private Q_SLOTS:
-    void romanToInteger_data()
+    void romanNumerals()
     {
-        QTest::addColumn<QString>("roman");
-        QTest::addColumn<int>("value");
-        addRow("IV", "IV ", 4);
-        addRow("VI", "VI ", 6);
-        addRow("MCMXCIV", "MCMXCIV ", 1994);
-        // Only the right-hand neighbour is compared, never a running maximum.
-        addRow("IIX", "IIX ", 10);
-        addRow("VX", "VX ", 5);
-        addRow("trailing space never subtracts", "I ", 1);
-        addRow("foreign letters count 0", "XAX ", 20);
-        addRow("empty", "", 0);
-    }
-    void romanToInteger()
-    {
-        QFETCH(QString, roman);
-        QFETCH(int, value);
-        QCOMPARE(ListNumbering::convertToNormal(roman), value);
+        // Only the right-hand neighbour is compared, never a running maximum ("IIX" is 10);
+        // the trailing space and foreign letters count 0.
+        const QList<QPair<QString, int>> reads{{"IV ", 4},   {"VI ", 6}, {"MCMXCIV ", 1994},
+                                               {"IIX ", 10}, {"VX ", 5}, {"I ", 1},
+                                               {"XAX ", 20}, {"", 0}};
+        for (const auto &[roman, value] : reads)
+            QCOMPARE(ListNumbering::convertToNormal(roman), value);
+        // No upper bound; zero and negatives give nothing.
+        const QList<QPair<int, QString>> writes{
+            {0, ""},        {-5, ""},        {4, "IV"},          {49, "XLIX"},
+            {4000, "MMMM"}, {5000, "MMMMM"}, {3999, "MMMCMXCIX"}};
+        for (const auto &[value, roman] : writes)
+            QCOMPARE(ListNumbering::convertToRoman(value), roman);
     }
 
-    void integerToRoman_data()
+    void letterCounts()
     {
-        QTest::addColumn<int>("value");
-        QTest::addColumn<QString>("roman");
-        addRow("0", 0, "");
-        addRow("negative", -5, "");
-        addRow("4", 4, "IV");
-        addRow("49", 49, "XLIX");
-        addRow("3999", 3999, "MMMCMXCIX");
-        addRow("4000 has no upper bound", 4000, "MMMM");
-        addRow("5000", 5000, "MMMMM");
-    }
-    void integerToRoman()
-    {
-        QFETCH(int, value);
-        QFETCH(QString, roman);
-        QCOMPARE(ListNumbering::convertToRoman(value), roman);
-    }
-
-    void lettersBothWays_data()
-    {
-        QTest::addColumn<int>("value");
-        QTest::addColumn<QString>("letters");
-        addRow("1", 1, "A");
-        addRow("26", 26, "Z");
-        addRow("27", 27, "AA");
-        addRow("52 keeps the Z without borrowing", 52, "BZ");
-        addRow("53", 53, "BA");
-        addRow("78", 78, "CZ");
-        addRow("676", 676, "ZZ");
-        addRow("677", 677, "ZA");
-        addRow("702", 702, "AAZ");
-        addRow("703", 703, "AAA");
-    }
-    void lettersBothWays()
-    {
-        QFETCH(int, value);
-        QFETCH(QString, letters);
-        QCOMPARE(ListNumbering::convertIntValueToAlphaCount(value), letters);
-    }
-
-    void lettersToInteger()
-    {
-        QCOMPARE(ListNumbering::convertAlphaCountToNormal("A"), 1);
-        QCOMPARE(ListNumbering::convertAlphaCountToNormal("AZ"), 52);
-        QCOMPARE(ListNumbering::convertAlphaCountToNormal("BA"), 53);
-        QCOMPARE(ListNumbering::convertAlphaCountToNormal("BZ"), 78);
-        QCOMPARE(ListNumbering::convertAlphaCountToNormal("A1"), 26);
-        QCOMPARE(ListNumbering::convertAlphaCountToNormal(""), 0);
+        // A remainder of 0 writes "Z" without borrowing: 52 is "BZ", which reads back as 78.
+        const QList<QPair<int, QString>> writes{
+            {1, "A"},    {26, "Z"},   {27, "AA"},   {52, "BZ"},   {53, "BA"}, {78, "CZ"},
+            {676, "ZZ"}, {677, "ZA"}, {702, "AAZ"}, {703, "AAA"}, {0, "A"}};
+        for (const auto &[value, letters] : writes)
+            QCOMPARE(ListNumbering::convertIntValueToAlphaCount(value), letters);
+        const QList<QPair<QString, int>> reads{{"A", 1},   {"AZ", 52}, {"BA", 53},
+                                               {"BZ", 78}, {"A1", 26}, {"", 0}};
+        for (const auto &[letters, value] : reads)
+            QCOMPARE(ListNumbering::convertAlphaCountToNormal(letters), value);
         // Wraps in 32 bits instead of failing.
         ListNumbering::convertAlphaCountToNormal(QString(40, u'Z'));
-        QCOMPARE(ListNumbering::convertIntValueToAlphaCount(0), QString("A"));
     }
 
-    // The successions the typing engine produces when continuing a list (the common ones are
-    // checked through the engine itself).
+    // The successions the typing engine produces when continuing a list.
     void successions_data()
     {
         QTest::addColumn<QString>("line");
@@ -96,8 +53,6 @@ private Q_SLOTS:
         addRow("YZ", "YZ. x", "ZA. ");
         addRow("ZY", "ZY. x", "AAZ. ");
         addRow("ZZ", "ZZ. x", "AAA. ");
-        addRow("lower letters", "az. x", "ba. ");
-        addRow("IV", "IV x", "V ");
         addRow("IX", "IX x", "X ");
         addRow("XLIX", "XLIX x", "L ");
         addRow("MMMCMXCIX", "MMMCMXCIX x", "MMMM ");
@@ -106,7 +61,6 @@ private Q_SLOTS:
         addRow("I. is a letter list", "I. Intro", "J. ");
         addRow("big decimal", "2147483646. x", "2147483647. ");
         addRow("star after spaces", "   * x", "* ");
-        addRow("plus", "+ x", "+ ");
     }
     void successions()
     {

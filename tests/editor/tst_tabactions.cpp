@@ -85,18 +85,10 @@ private Q_SLOTS:
                  QFileInfo::exists(path) ? 1 : 0);
     }
 
-    void theTypingEngineSeesEverySavedChange()
+    // After the file was broken and repaired, a new break is reported again.
+    void aRepairedFileBreakingAgainIsReportedAgain()
     {
         const QString path = TabActionStore::internalPath();
-        QVERIFY(TabActionStore::save(path, {{"sig", "Best regards,\n{*}"}}));
-        QCOMPARE(TabActionStore::availableTabActions({}),
-                 (QVariantMap{{"sig", "Best regards,\n{*}"}}));
-        QVERIFY(TabActionStore::save(path, {{"sig", "Cheers"}, {"Sig", "CHEERS"}}));
-        const QVariantMap now = TabActionStore::availableTabActions({});
-        QCOMPARE(now.value("sig").toString(), QString("Cheers"));
-        QCOMPARE(now.value("Sig").toString(), QString("CHEERS"));
-
-        // After the file was broken and repaired, a new break is reported again.
         writeBytes(path, "garbage");
         QTest::ignoreMessage(QtWarningMsg, QRegularExpression("ignored"));
         QVERIFY(TabActionStore::availableTabActions({}).isEmpty());
@@ -152,18 +144,15 @@ private Q_SLOTS:
         const QVariantMap actions{{"beta", ""}, {"Alpha", ""}, {"alpha", ""}, {"Gamma", ""}};
         QCOMPARE(TabActionStore::sortedAbbreviations(actions),
                  (QStringList{"Alpha", "alpha", "beta", "Gamma"}));
-        QCOMPARE(TabActionStore::sortedAbbreviations({}), QStringList());
 
         using C = TabActionStore::NameCheck;
         const QStringList listed{"sig", "addr"};
         QCOMPARE(TabActionStore::checkNewName("my abbr", listed), C::ContainsBlank);
-        QCOMPARE(TabActionStore::checkNewName("tab\tbed", listed), C::ContainsBlank);
         QCOMPARE(TabActionStore::checkNewName(QString("nb") + QChar(0xA0) + "sp", listed),
                  C::ContainsBlank);
         QCOMPARE(TabActionStore::checkNewName("sig", listed), C::Duplicate);
         QCOMPARE(TabActionStore::checkNewName("Sig", listed), C::Acceptable);
         QCOMPARE(TabActionStore::checkNewName("", listed), C::Empty);
-        QCOMPARE(TabActionStore::checkNewName(":date", listed), C::Acceptable);
     }
 
     void tableModelPresentsAndDragsRows()
@@ -172,24 +161,15 @@ private Q_SLOTS:
         const QVariantMap actions{{"smile", QString::fromUtf8("\xF0\x9F\x98\x80 {*}")},
                                   {"sig", "Regards"}};
         model.setTabActions({"sig", "smile"}, actions);
-        QCOMPARE(model.rowCount(), 2);
-        QCOMPARE(model.columnCount(), 1);
-        QCOMPARE(model.data(model.index(1, 0)).toString(), QString("smile"));
-        QVERIFY(model.flags(model.index(0, 0)) & Qt::ItemIsEditable);
-        QVERIFY(model.flags(model.index(0, 0)) & Qt::ItemIsDragEnabled);
-        QCOMPARE(model.headerData(0, Qt::Horizontal).toString(), QString("Abbreviation"));
 
         // Editing a name only asks; the list changes when the window rebuilds it.
         QSignalSpy spy(&model, &TabActionTableModel::renameRequested);
         QVERIFY(!model.setData(model.index(1, 0), "grin"));
-        QCOMPARE(spy.size(), 1);
-        QCOMPARE(spy.first().at(0).toInt(), 1);
-        QCOMPARE(spy.first().at(1).toString(), QString("grin"));
+        QCOMPARE(spy.value(0), (QVariantList{1, "grin"}));
         QCOMPARE(model.names(), (QStringList{"sig", "smile"}));
 
         std::unique_ptr<QMimeData> one(model.mimeData({model.index(1, 0)}));
         QVERIFY(one->hasFormat("MyPrivateTableViewDataType"));
-        QCOMPARE(one->text(), actions.value("smile").toString());
         QCOMPARE(one->data("text/plain;charset=utf-8"), actions.value("smile").toString().toUtf8());
         QDataStream rows(one->data("MyPrivateTableViewDataType"));
         qint32 count = 0, row = -1;

@@ -5,9 +5,6 @@
 #include "core/Notifications.h"
 #include "core/UserDefaults.h"
 #include "editor/LineCommands.h"
-#include "editor/ListNumbering.h"
-#include "editor/MarkupInsertion.h"
-#include "editor/TextEditorModel.h"
 #include "render/MarkupLanguage.h"
 
 #include <QAction>
@@ -112,11 +109,6 @@ void EnhancedTextView::setEditable(bool editable)
     }
 }
 
-bool EnhancedTextView::isEditable() const
-{
-    return m_model->isEditable();
-}
-
 QPair<int, int> EnhancedTextView::selectedRange() const
 {
     const TextRange r = m_model->selectedRange();
@@ -131,6 +123,8 @@ void EnhancedTextView::setSelectedRange(int location, int length)
 
 bool EnhancedTextView::shouldChangeTextInRange(int location, int length, const QString &replacement)
 {
+    // Whatever the engine does here is one undo step, as for a typed key.
+    TextEditorModel::Step step(*m_model);
     return m_model->engine().shouldChangeTextInRange(*m_model, {location, length}, replacement);
 }
 
@@ -150,16 +144,6 @@ void EnhancedTextView::undoCustomInsertionInRange(QPair<int, int> range, const Q
                                                   QPair<int, int> selectRange)
 {
     m_model->undoCustomInsertionInRange(toRange(range), string, toRange(selectRange));
-}
-
-QString EnhancedTextView::openTag() const
-{
-    return m_model->engine().openTag();
-}
-
-QString EnhancedTextView::closeTag() const
-{
-    return m_model->engine().closeTag();
 }
 
 void EnhancedTextView::setTextViewLayout()
@@ -183,47 +167,12 @@ QVariantMap EnhancedTextView::availableTabActions() const
     return QVariantMap();
 }
 
-int EnhancedTextView::convertToNormal(const QString &roman)
-{
-    return ListNumbering::convertToNormal(roman);
-}
-
-QString EnhancedTextView::convertToRoman(int value)
-{
-    return ListNumbering::convertToRoman(value);
-}
-
-int EnhancedTextView::convertAlphaCountToNormal(const QString &letters)
-{
-    return ListNumbering::convertAlphaCountToNormal(letters);
-}
-
-QString EnhancedTextView::convertIntValueToAlphaCount(int value)
-{
-    return ListNumbering::convertIntValueToAlphaCount(value);
-}
-
-QStringList EnhancedTextView::availableMarkupLanguages() const
-{
-    return MarkupInsertion::availableMarkupLanguages();
-}
-
 QString EnhancedTextView::markupTemplateForType(const QString &type) const
 {
     return MarkupInsertion::markupTemplateForType(type, MarkupLanguage::current(m_defaults));
 }
 
 // --- undo ---------------------------------------------------------------------------------
-
-bool EnhancedTextView::canUndo() const
-{
-    return m_model->canUndo();
-}
-
-bool EnhancedTextView::canRedo() const
-{
-    return m_model->canRedo();
-}
 
 QString EnhancedTextView::undoActionName() const
 {

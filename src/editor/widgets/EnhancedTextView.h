@@ -1,6 +1,8 @@
 #pragma once
 
-#include "editor/TextBuffer.h"
+#include "editor/ListNumbering.h"
+#include "editor/MarkupInsertion.h"
+#include "editor/TextEditorModel.h"
 
 #include <QPair>
 #include <QPlainTextEdit>
@@ -12,7 +14,6 @@ class QAction;
 class QMenu;
 class QMimeData;
 class QTimer;
-class TextEditorModel;
 class UserDefaults;
 
 // The entry editor. Every user edit (keys, input-method commits, paste, drop, deletions) is
@@ -30,7 +31,7 @@ public:
     void setString(const QString &text);
     QString string() const;
     void setEditable(bool editable);
-    bool isEditable() const;
+    bool isEditable() const { return m_model->isEditable(); }
     // UTF-16 units.
     QPair<int, int> selectedRange() const;
     void setSelectedRange(int location, int length);
@@ -46,27 +47,39 @@ public:
     void undoCustomInsertionInRange(QPair<int, int> range, const QString &string,
                                     QPair<int, int> selectRange);
 
-    QString openTag() const;
-    QString closeTag() const;
+    QString openTag() const { return m_model->engine().openTag(); }
+    QString closeTag() const { return m_model->engine().closeTag(); }
     // Applies the settings the editor depends on; run at creation and on every
     // "TextViewAttributesChangedNotification".
     virtual void setTextViewLayout();
     // Abbreviation -> expansion for Tab; read afresh on every call.
     virtual QVariantMap availableTabActions() const;
 
-    static int convertToNormal(const QString &roman);
-    static QString convertToRoman(int value);
-    static int convertAlphaCountToNormal(const QString &letters);
-    static QString convertIntValueToAlphaCount(int value);
+    static int convertToNormal(const QString &roman)
+    {
+        return ListNumbering::convertToNormal(roman);
+    }
+    static QString convertToRoman(int value) { return ListNumbering::convertToRoman(value); }
+    static int convertAlphaCountToNormal(const QString &letters)
+    {
+        return ListNumbering::convertAlphaCountToNormal(letters);
+    }
+    static QString convertIntValueToAlphaCount(int value)
+    {
+        return ListNumbering::convertIntValueToAlphaCount(value);
+    }
 
-    QStringList availableMarkupLanguages() const;
+    QStringList availableMarkupLanguages() const
+    {
+        return MarkupInsertion::availableMarkupLanguages();
+    }
     QString markupTemplateForType(const QString &type) const;
 
     // Edit-menu actions whose text names the step: "Undo Move Up", "Redo Tab Action".
     QAction *createUndoAction(QObject *parent);
     QAction *createRedoAction(QObject *parent);
-    bool canUndo() const;
-    bool canRedo() const;
+    bool canUndo() const { return m_model->canUndo(); }
+    bool canRedo() const { return m_model->canRedo(); }
     QString undoActionName() const;
     QString redoActionName() const;
 

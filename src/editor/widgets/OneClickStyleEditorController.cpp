@@ -8,7 +8,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
-#include <QCloseEvent>
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
@@ -16,10 +15,12 @@
 #include <QFontInfo>
 #include <QHBoxLayout>
 #include <QHeaderView>
+#include <QHideEvent>
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QScopedValueRollback>
+#include <QShowEvent>
 #include <QSplitter>
 #include <QTableView>
 #include <QToolButton>
@@ -270,19 +271,12 @@ void OneClickStyleEditorController::reloadFromFile()
 QString OneClickStyleEditorController::fileStamp() const
 {
     const QFileInfo info(m_pathToTabActionsfile);
-    if (!info.exists())
-        return QString();
-    return QStringLiteral("%1 %2")
-        .arg(info.size())
-        .arg(info.lastModified().toString(Qt::ISODateWithMs));
+    return info.exists() ? info.lastModified().toString(Qt::ISODateWithMs) + QLatin1Char(' ') +
+                               QString::number(info.size())
+                         : QString();
 }
 
-void OneClickStyleEditorController::closeEvent(QCloseEvent *event)
-{
-    saveNewStyle();
-    QWidget::closeEvent(event);
-}
-
+// Closing hides the window, so this covers it too.
 void OneClickStyleEditorController::hideEvent(QHideEvent *event)
 {
     if (!event->spontaneous())
