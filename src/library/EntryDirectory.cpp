@@ -176,7 +176,7 @@ EntryDisplayList EntryDirectory::formatTableItemsForDisplay(const QStringList &l
         row.whiteText = settings.whiteText;
         row.titleLine = QStringLiteral("  ") + deletingPathExtension(name);
         // The one stat of this entry in this listing.
-        const FileStatus status = FileStatus::of(path);
+        const FileStatus status = FileStatus::ofEncoded(path);
         if (!status.exists) {
             row.deleted = true;
             row.infoText = QStringLiteral("\n") + settings.deletedLabel;

@@ -43,10 +43,10 @@ QDateTime FileStatus::birth() const
 
 FileStatus FileStatus::of(const QString &path)
 {
-    return of(QFile::encodeName(path));
+    return ofEncoded(QFile::encodeName(path));
 }
 
-FileStatus FileStatus::of(const QByteArray &p)
+FileStatus FileStatus::ofEncoded(const QByteArray &p)
 {
     struct statx stx = {};
     if (p.isEmpty() || ::statx(AT_FDCWD, p.constData(), 0, kWanted, &stx) != 0)

@@ -24,7 +24,7 @@ struct FileStatus
     QDateTime birth() const; // invalid where the file system keeps none
 
     static FileStatus of(const QString &path);
-    static FileStatus of(const QByteArray &encodedPath);
+    static FileStatus ofEncoded(const QByteArray &encodedPath); // QFile::encodeName form
     // The file an open descriptor refers to, so a read and its status belong together even
     // when the path is replaced meanwhile.
     static FileStatus ofDescriptor(int fd);
