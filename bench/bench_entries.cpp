@@ -1,6 +1,7 @@
 // Entry listing and loading at sizes a long-kept diary reaches: a full relist with rows of a
 // notebook of 10,000 entries (goal: under 300 ms), and a 10 MB entry loaded with encoding
 // detection and saved back.
+#include "library/CreationDate.h"
 #include "library/EntryDirectory.h"
 #include "library/EntryLoader.h"
 #include "library/EntrySaver.h"
@@ -44,13 +45,11 @@ int main(int argc, char **argv)
     for (int i = 0; i < entries; ++i)
         writeFile(notebook + QStringLiteral("Entry %1.txt").arg(i, 5, 10, QLatin1Char('0')),
                   QByteArray("A day in the diary, with a few lines of text.\n").repeated(20));
-    // Half of them saved once by Vellox, so they carry their creation date.
-    for (int i = 0; i < entries; i += 2) {
-        const QString path =
-            notebook + QStringLiteral("Entry %1.txt").arg(i, 5, 10, QLatin1Char('0'));
-        const EntryLoader::Result loaded = EntryLoader::load(path);
-        EntrySaver::save(path, loaded.text, loaded.format, loaded.stamp);
-    }
+    // Half of them saved by Vellox before, so they carry their creation date.
+    for (int i = 0; i < entries; i += 2)
+        CreationDate::carry(notebook +
+                                QStringLiteral("Entry %1.txt").arg(i, 5, 10, QLatin1Char('0')),
+                            QDateTime::currentDateTime().addDays(-i));
 
     EntryListSettings dates;
     EntryListSettings excerpts = dates;

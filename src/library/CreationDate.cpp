@@ -25,8 +25,8 @@ QString sideStoreKey(const QString &path)
 
 QDateTime parse(const QByteArray &value)
 {
-    QDateTime date = QDateTime::fromString(QString::fromLatin1(value), Qt::ISODateWithMs);
-    return date.isValid() ? date.toLocalTime() : QDateTime();
+    // Kept in UTC: a listing wants milliseconds, not a local date.
+    return QDateTime::fromString(QString::fromLatin1(value), Qt::ISODateWithMs);
 }
 
 bool unsupported(int code)
@@ -56,20 +56,26 @@ QDateTime of(const QString &path, const FileStatus &status)
 {
     if (!status.exists)
         return QDateTime();
+    return QDateTime::fromMSecsSinceEpoch(msecsOf(QFile::encodeName(path), status));
+}
+
+qint64 msecsOf(const QByteArray &encodedPath, const FileStatus &status)
+{
     char buffer[64];
-    const ssize_t got = ::getxattr(QFile::encodeName(path).constData(), attributeName().constData(),
-                                   buffer, sizeof buffer);
+    const ssize_t got =
+        ::getxattr(encodedPath.constData(), attributeName().constData(), buffer, sizeof buffer);
     if (got > 0) {
         const QDateTime carried = parse(QByteArray(buffer, qsizetype(got)));
         if (carried.isValid())
-            return carried;
+            return carried.toMSecsSinceEpoch();
     } else if (got < 0 && unsupported(errno)) {
         const QSettings side(sideStorePath(), QSettings::IniFormat);
-        const QDateTime carried = parse(side.value(sideStoreKey(path)).toByteArray());
+        const QDateTime carried =
+            parse(side.value(sideStoreKey(QFile::decodeName(encodedPath))).toByteArray());
         if (carried.isValid())
-            return carried;
+            return carried.toMSecsSinceEpoch();
     }
-    return status.birth.isValid() ? status.birth : status.modified;
+    return status.hasBirth ? status.birthMs : status.modifiedMs;
 }
 
 bool carry(const QString &path, const QDateTime &date)

@@ -20,6 +20,10 @@ QDateTime of(const QString &path);
 // The same with a status already taken, so a listing asks the file system once per entry.
 QDateTime of(const QString &path, const FileStatus &status);
 
+// of() for an existing file in milliseconds since the epoch, for listings that format many
+// dates and would rather not make a local QDateTime of each.
+qint64 msecsOf(const QByteArray &encodedPath, const FileStatus &status);
+
 // Makes date the one carried for path.
 bool carry(const QString &path, const QDateTime &date);
 // For rename, move and duplicate: to gets from's date (call while from still exists).

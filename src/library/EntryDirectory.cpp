@@ -6,11 +6,16 @@
 #include "core/UserDefaults.h"
 
 #include <QFile>
+#include <QHash>
 #include <QLocale>
 #include <QStringDecoder>
 
 #include <algorithm>
+#include <cerrno>
+#include <ctime>
 #include <dirent.h>
+#include <fcntl.h>
+#include <unistd.h>
 
 EntryListSettings EntryListSettings::fromDefaults(const UserDefaults &defaults)
 {
@@ -84,23 +89,71 @@ EntryListing EntryDirectory::listWithRows(const QString &notebookPath,
 }
 
 namespace {
-// The first characters of a file read as UTF-8; a file that is not UTF-8 (or is a folder)
-// gives nothing.
-QString excerptOf(const QString &path, int characters)
+// The first characters of a file read as UTF-8; a file that is not UTF-8 gives nothing.
+QString excerptOf(const QByteArray &path, qint64 size, int characters)
 {
-    QFile file(path);
-    if (characters <= 0 || !file.open(QIODevice::ReadOnly))
+    if (characters <= 0)
+        return QString();
+    const int fd = ::open(path.constData(), O_RDONLY | O_CLOEXEC);
+    if (fd < 0)
         return QString();
     // Four bytes per character at most, plus room for a byte-order mark.
-    const QByteArray bytes = file.read(qint64(characters) * 4 + 3);
+    QByteArray bytes(qsizetype(qMin<qint64>(size, qint64(characters) * 4 + 3)), Qt::Uninitialized);
+    qsizetype got = 0;
+    while (got < bytes.size()) {
+        const ssize_t n = ::read(fd, bytes.data() + got, size_t(bytes.size() - got));
+        if (n < 0 && errno == EINTR)
+            continue;
+        if (n <= 0)
+            break;
+        got += n;
+    }
+    ::close(fd);
+    bytes.truncate(got);
     // Cut off inside the file, the last sequence may be incomplete; at its end it may not.
-    QStringDecoder decoder(QStringDecoder::Utf8, file.atEnd() ? QStringConverter::Flag::Stateless
-                                                              : QStringConverter::Flag::Default);
+    QStringDecoder decoder(QStringDecoder::Utf8, got >= size ? QStringConverter::Flag::Stateless
+                                                             : QStringConverter::Flag::Default);
     const QString text = decoder.decode(bytes);
     if (decoder.hasError())
         return QString();
     return text.left(characters);
 }
+
+// The rows' dates: local time from the C library (the zone read once per listing) and the
+// locale's texts remembered per day and per second of the day, as a notebook's entries share
+// most of them. QDateTime's own conversion would cost more than the stat of each entry.
+class ListingDates
+{
+public:
+    ListingDates()
+        : m_locale(QLocale::system())
+    {
+        ::tzset();
+    }
+
+    QString text(qint64 msecs)
+    {
+        const time_t seconds = time_t(msecs >= 0 ? msecs / 1000 : (msecs - 999) / 1000);
+        struct tm local = {};
+        if (!::localtime_r(&seconds, &local))
+            return EntryDirectory::dateText(QDateTime::fromMSecsSinceEpoch(msecs), m_locale);
+        const QDate date(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+        const int second = local.tm_hour * 3600 + local.tm_min * 60 + qMin(local.tm_sec, 59);
+        auto day = m_days.constFind(date.toJulianDay());
+        if (day == m_days.cend())
+            day = m_days.insert(date.toJulianDay(), m_locale.toString(date, QLocale::LongFormat));
+        auto time = m_times.constFind(second);
+        if (time == m_times.cend())
+            time = m_times.insert(
+                second, m_locale.toString(QTime(0, 0).addSecs(second), QLocale::ShortFormat));
+        return *day + QStringLiteral(" - ") + *time;
+    }
+
+private:
+    QLocale m_locale;
+    QHash<qint64, QString> m_days;
+    QHash<int, QString> m_times;
+};
 } // namespace
 
 EntryDisplayList EntryDirectory::formatTableItemsForDisplay(const QStringList &listofFiles,
@@ -113,17 +166,19 @@ EntryDisplayList EntryDirectory::formatTableItemsForDisplay(const QStringList &l
     const int T = settings.titleSize;
     const int I = settings.infoSize;
     const int L = I < 13 ? I + 3 : I + 4;
-    const QLocale locale = QLocale::system();
+    ListingDates dates;
+    const QString infoFormat = QStringLiteral("\n    %1: %2\n    %3: %4");
     result.rows.reserve(listofFiles.size());
     for (const QString &name : listofFiles) {
-        const QString path = notebookPath + name;
+        const QByteArray path = QFile::encodeName(notebookPath + name);
         EntryDisplayRow row;
         row.fileName = name;
         row.whiteText = settings.whiteText;
-        const FileStatus status = FileStatus::of(path);
+        row.titleLine = QStringLiteral("  ") + deletingPathExtension(name);
+        // The one stat of this entry in this listing.
+        const FileStatus status = FileStatus::ofEncoded(path);
         if (!status.exists) {
             row.deleted = true;
-            row.titleLine = QStringLiteral("  ") + deletingPathExtension(name);
             row.infoText = QStringLiteral("\n") + settings.deletedLabel;
             row.titleSize = 12;
             row.infoSize = 12;
@@ -132,19 +187,17 @@ EntryDisplayList EntryDirectory::formatTableItemsForDisplay(const QStringList &l
         }
         row.titleSize = T;
         row.infoSize = I;
-        row.titleLine = QStringLiteral("  ") + deletingPathExtension(name);
         int n = 0;
         if (settings.showDates) {
-            row.infoText =
-                QStringLiteral("\n    %1: %2\n    %3: %4")
-                    .arg(settings.createdLabel, dateText(CreationDate::of(path, status), locale),
-                         settings.modifiedLabel, dateText(status.modified, locale));
+            row.infoText = infoFormat.arg(settings.createdLabel,
+                                          dates.text(CreationDate::msecsOf(path, status)),
+                                          settings.modifiedLabel, dates.text(status.modifiedMs));
             n = 2;
         }
         if (settings.showExcerpt) {
             const int c = settings.excerptLines;
-            row.excerpt =
-                QStringLiteral("\n") + (status.isDirectory ? QString() : excerptOf(path, c * 50));
+            row.excerpt = QStringLiteral("\n") +
+                          (status.isDirectory ? QString() : excerptOf(path, status.size, c * 50));
             n += c;
         }
         result.heightOfFileTableRow = T + 5 + L * n;

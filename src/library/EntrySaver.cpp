@@ -34,6 +34,8 @@ QString resolvedTarget(const QString &path)
     return path;
 }
 
+// What open(2) would have given a new file; mkstemp makes it 0600. umask can only be read
+// by setting it, so it is put straight back.
 mode_t defaultMode()
 {
     const mode_t mask = ::umask(0);

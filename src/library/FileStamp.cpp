@@ -13,7 +13,7 @@ FileStamp FileStamp::of(const FileStatus &status)
     if (!status.exists)
         return stamp;
     stamp.exists = true;
-    stamp.modified = status.modified;
+    stamp.modified = status.modified();
     stamp.size = status.size;
     return stamp;
 }

@@ -12,22 +12,52 @@ LineEnding TextFormat::lineEndingOf(const QString &text, LineEnding fallback)
     return fallback;
 }
 
+// One pass each way: QString::replace moves the rest of a 10 MB text for every CRLF.
 QString TextFormat::withUnixLineBreaks(QString text)
 {
     if (!text.contains(QLatin1Char('\r')))
         return text;
-    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
-    text.replace(QLatin1Char('\r'), QLatin1Char('\n'));
+    QChar *out = text.data();
+    const QChar *in = out;
+    const QChar *end = in + text.size();
+    QChar *write = out;
+    for (; in < end; ++in) {
+        if (*in == QLatin1Char('\r')) {
+            *write++ = QLatin1Char('\n');
+            if (in + 1 < end && in[1] == QLatin1Char('\n'))
+                ++in;
+        } else {
+            *write++ = *in;
+        }
+    }
+    text.truncate(write - out);
     return text;
 }
 
+namespace {
+QString withLineEnding(const QString &text, LineEnding ending)
+{
+    if (ending == LineEnding::LF)
+        return text;
+    if (ending == LineEnding::CR) {
+        QString laidOut = text;
+        laidOut.replace(QLatin1Char('\n'), QLatin1Char('\r'));
+        return laidOut;
+    }
+    QString laidOut(text.size() + text.count(QLatin1Char('\n')), Qt::Uninitialized);
+    QChar *write = laidOut.data();
+    for (const QChar c : text) {
+        if (c == QLatin1Char('\n'))
+            *write++ = QLatin1Char('\r');
+        *write++ = c;
+    }
+    return laidOut;
+}
+} // namespace
+
 bool TextFormat::encode(const QString &text, QByteArray *bytes) const
 {
-    QString laidOut = text;
-    if (lineEnding == LineEnding::CRLF)
-        laidOut.replace(QLatin1Char('\n'), QStringLiteral("\r\n"));
-    else if (lineEnding == LineEnding::CR)
-        laidOut.replace(QLatin1Char('\n'), QLatin1Char('\r'));
+    const QString laidOut = withLineEnding(text, lineEnding);
 
     // 10 and 0x8C000100 carry their mark in the number itself; the format's flag decides.
     int number = encoding;

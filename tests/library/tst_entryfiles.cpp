@@ -142,7 +142,7 @@ private Q_SLOTS:
         QVERIFY(!QFile::exists(dir.filePath("none.txt")));
     }
 
-    void cursorPositionSideStoreWhereAttributesFail()
+    void sideStoresWhereAttributesFail()
     {
         // /proc/self has no user attributes; a regular file there stands in for such a disk.
         const QString path = "/proc/self/status";
@@ -150,6 +150,9 @@ private Q_SLOTS:
             QSKIP("this file system keeps attributes");
         CursorPositionStore::saveCurrentCursorPostionAtIndex(21, path);
         QCOMPARE(CursorPositionStore::getCursorPositionForDocument(path), 21);
+        const QDateTime leapDay(QDate(2020, 2, 29), QTime(8, 15));
+        QVERIFY(CreationDate::carry(path, leapDay));
+        QCOMPARE(CreationDate::of(path), leapDay);
     }
 
     void textBundleLayoutAndInfo()
