@@ -11,6 +11,7 @@ import pathlib
 import re
 import sys
 import xml.etree.ElementTree as ET
+from xml.sax.saxutils import escape
 
 root = pathlib.Path(__file__).resolve().parent.parent
 tables = root / "resources" / "translations"
@@ -63,25 +64,21 @@ def main():
                   + ("" if text else " and no //% comment"))
         return 1 if missing else 0
     status = 0
-    changed = set()
+    additions = {}
     for ident, folder, text in missing:
         if not text:
             print(f"sync-translations: {ident} (src/{folder}) needs a //% comment")
             status = 1
             continue
         name = folder if (tables / f"{folder}_en.ts").exists() else "app"
-        path = tables / f"{name}_en.ts"
-        context = trees[path].getroot().find("context")
-        message = ET.SubElement(context, "message", {"id": ident})
-        ET.SubElement(message, "source").text = text
-        ET.SubElement(message, "translation").text = text
-        changed.add(path)
-    for path in changed:
-        tree = trees[path]
-        ET.indent(tree, space="    ")
-        body = ET.tostring(tree.getroot(), encoding="unicode")
-        path.write_text('<?xml version="1.0" encoding="utf-8"?>\n<!DOCTYPE TS>\n' + body + "\n",
-                        encoding="utf-8")
+        escaped = escape(text)
+        additions.setdefault(tables / f"{name}_en.ts", []).append(
+            f'    <message id="{ident}">\n        <source>{escaped}</source>\n'
+            f'        <translation>{escaped}</translation>\n    </message>\n')
+    for path, blocks in additions.items():
+        content = path.read_text(encoding="utf-8")
+        cut = content.rindex("</context>")
+        path.write_text(content[:cut] + "".join(blocks) + content[cut:], encoding="utf-8")
     return status
 
 

@@ -483,5 +483,25 @@
         <source>&amp;Text</source>
         <translation>&amp;Text</translation>
     </message>
+    <message id="MESSAGE_BAR_DISMISS">
+        <source>Dismiss</source>
+        <translation>Dismiss</translation>
+    </message>
+    <message id="MESSAGE_BAR_DISMISS_TIP">
+        <source>Hide this message</source>
+        <translation>Hide this message</translation>
+    </message>
+    <message id="MESSAGE_BAR_NAME">
+        <source>Messages</source>
+        <translation>Messages</translation>
+    </message>
+    <message id="MESSAGE_BAR_TIP">
+        <source>What did not work, and what you can do about it</source>
+        <translation>What did not work, and what you can do about it</translation>
+    </message>
+    <message id="SETTINGS_DAMAGED">
+        <source>Your settings file was damaged. Vellox uses what it could read; the original is kept as “%1”.</source>
+        <translation>Your settings file was damaged. Vellox uses what it could read; the original is kept as “%1”.</translation>
+    </message>
 </context>
 </TS>

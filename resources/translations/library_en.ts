@@ -99,5 +99,97 @@
         <source>This title is too long for a file name: %1 bytes with the extension, at most %2.</source>
         <translation>This title is too long for a file name: %1 bytes with the extension, at most %2.</translation>
     </message>
+    <message id="ENTRY_CHANGED_ELSEWHERE_SUFFIX">
+        <source>changed elsewhere</source>
+        <translation>changed elsewhere</translation>
+    </message>
+    <message id="ENTRY_CHANGED_ON_DISK">
+        <source>“%1” was changed by another program while you were editing it here. Nothing has been written over.</source>
+        <translation>“%1” was changed by another program while you were editing it here. Nothing has been written over.</translation>
+    </message>
+    <message id="ENTRY_COPY_SAVED_AS">
+        <source>A copy of your text is saved as “%1”.</source>
+        <translation>A copy of your text is saved as “%1”.</translation>
+    </message>
+    <message id="ENTRY_KEEP_MINE">
+        <source>Keep Mine</source>
+        <translation>Keep Mine</translation>
+    </message>
+    <message id="ENTRY_KEEP_MINE_TIP">
+        <source>Save your text; the other version is kept beside the entry</source>
+        <translation>Save your text; the other version is kept beside the entry</translation>
+    </message>
+    <message id="ENTRY_NOTEBOOK_FOLDER_MISSING">
+        <source>The notebook folder does not exist.</source>
+        <translation>The notebook folder does not exist.</translation>
+    </message>
+    <message id="ENTRY_NOT_A_FILE">
+        <source>It is a folder, not a text file.</source>
+        <translation>It is a folder, not a text file.</translation>
+    </message>
+    <message id="ENTRY_RELOAD_THEIRS">
+        <source>Reload Theirs</source>
+        <translation>Reload Theirs</translation>
+    </message>
+    <message id="ENTRY_RELOAD_THEIRS_TIP">
+        <source>Show the text as the other program left it; your changes here are dropped</source>
+        <translation>Show the text as the other program left it; your changes here are dropped</translation>
+    </message>
+    <message id="ENTRY_SAVE_AS">
+        <source>Save As…</source>
+        <translation>Save As…</translation>
+    </message>
+    <message id="ENTRY_SAVE_AS_DIALOG_TITLE">
+        <source>Save Your Text As</source>
+        <translation>Save Your Text As</translation>
+    </message>
+    <message id="ENTRY_SAVE_AS_TIP">
+        <source>Save this text into a file of your choice</source>
+        <translation>Save this text into a file of your choice</translation>
+    </message>
+    <message id="ENTRY_SAVE_FAILED">
+        <source>“%1” could not be saved: %2. Your text is still here; it is saved as soon as that works again.</source>
+        <translation>“%1” could not be saved: %2. Your text is still here; it is saved as soon as that works again.</translation>
+    </message>
+    <message id="ENTRY_SAVE_RETRY">
+        <source>Retry</source>
+        <translation>Retry</translation>
+    </message>
+    <message id="ENTRY_SAVE_RETRY_TIP">
+        <source>Try to save the entry again</source>
+        <translation>Try to save the entry again</translation>
+    </message>
+    <message id="ENTRY_THEIRS_KEPT_AS">
+        <source>The other version is kept as “%1”.</source>
+        <translation>The other version is kept as “%1”.</translation>
+    </message>
+    <message id="ENTRY_THEIRS_NOT_KEPT">
+        <source>Their version could not be kept aside.</source>
+        <translation>Their version could not be kept aside.</translation>
+    </message>
+    <message id="ENTRY_UNREADABLE">
+        <source>“%1” could not be read (%2). It is shown read-only so nothing is written over it.</source>
+        <translation>“%1” could not be read (%2). It is shown read-only so nothing is written over it.</translation>
+    </message>
+    <message id="UNSAVED_CHANGES_CANCEL">
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message id="UNSAVED_CHANGES_DISCARD">
+        <source>Discard Changes</source>
+        <translation>Discard Changes</translation>
+    </message>
+    <message id="UNSAVED_CHANGES_MESSAGE">
+        <source>The last changes to “%1” could not be saved. Save them somewhere else, discard them, or stay with the entry?</source>
+        <translation>The last changes to “%1” could not be saved. Save them somewhere else, discard them, or stay with the entry?</translation>
+    </message>
+    <message id="UNSAVED_CHANGES_SAVE_AS">
+        <source>Save As…</source>
+        <translation>Save As…</translation>
+    </message>
+    <message id="UNSAVED_CHANGES_TITLE">
+        <source>Your changes are not saved</source>
+        <translation>Your changes are not saved</translation>
+    </message>
 </context>
 </TS>
