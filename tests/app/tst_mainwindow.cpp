@@ -5,7 +5,6 @@
 #include "core/UserDefaults.h"
 #include "editor/widgets/Vellox_EnhancedTextView.h"
 #include "library/NotebookRegistry.h"
-#include "library/TextBundle.h"
 #include "library/widgets/EntryController.h"
 #include "render/widgets/CSSStykeController.h"
 #include "render/widgets/PreviewController.h"
@@ -423,9 +422,12 @@ private Q_SLOTS:
         QVERIFY(editor()->isEditable());
         QCOMPARE(editor()->string(), QString()); // not the hint
 
+        // A burst of keys is written once, when the typing pauses.
+        QSignalSpy saved(entries(), &EntryController::entrySaved);
         typeAtEnd("first *words*");
         QVERIFY(!QFile::exists(m_first + "Fresh idea.txt"));
         QTRY_COMPARE(readBytes(m_first + "Fresh idea.txt"), QByteArray("first *words*"));
+        QCOMPARE(saved.count(), 1);
         QCOMPARE(readBytes(m_first + "Alpha.txt"), QByteArray("Alpha text"));
         QTRY_COMPARE(entryList()->model()->rowCount(), 2);
         QCOMPARE(window()->titleField()->text(), QString("Fresh idea"));
@@ -468,34 +470,6 @@ private Q_SLOTS:
         QCOMPARE(editor()->string(), QString("Alpha text"));
         QVERIFY(!entries()->hasUnsavedText());
         QCOMPARE(filesIn(m_first), QStringList({"Alpha.txt", "Alpha2.txt", "Beta.txt"}));
-    }
-
-    void textBundleEntriesThroughTheWindow()
-    {
-        defaults().setString("defaultFileExtensionForEntries", "textbundle");
-        const QString trip = m_first + "Trip.textbundle";
-        QDir().mkpath(trip + "/assets");
-        writeBytes(trip + "/info.json",
-                   TextBundle::infoJson("net.daringfireball.markdown").toUtf8());
-        writeBytes(trip + "/text.markdown", "A *trip*");
-        startApp();
-
-        clickEntry("Trip.textbundle");
-        QCOMPARE(editor()->string(), QString("A *trip*"));
-        // Relative links of a bundle resolve inside it.
-        QVERIFY(app()->preview()->lastPageHtml().contains("Journal%20Notes/Trip.textbundle//\">"));
-        typeAtEnd(" abroad");
-        QTRY_COMPARE(readBytes(trip + "/text.markdown"), QByteArray("A *trip* abroad"));
-        QCOMPARE(filesIn(trip), QStringList({"assets", "info.json", "text.markdown"}));
-
-        // A new entry becomes a bundle with its layout.
-        QTest::mouseClick(window()->addEntryButton(), Qt::LeftButton);
-        QTest::keyClicks(window()->titleField(), "Next");
-        typeAtEnd("Plans");
-        QTRY_COMPARE(readBytes(m_first + "Next.textbundle/text.markdown"), QByteArray("Plans"));
-        QVERIFY(QFileInfo(m_first + "Next.textbundle/assets").isDir());
-        QCOMPARE(readBytes(m_first + "Next.textbundle/info.json"),
-                 TextBundle::infoJson("net.daringfireball.markdown").toUtf8());
     }
 };
 

@@ -86,8 +86,6 @@ bool AppController::awakeFromNib()
     observeNotifications();
     m_fullscreenActive = false;
     startTheGame();
-    // Nothing is open yet: the window starts where an entry begins, at its title.
-    m_window->titleField()->setFocus();
     return true;
 }
 

@@ -9,6 +9,7 @@
 
 #include <QApplication>
 #include <QIcon>
+#include <QLineEdit>
 
 #include <unistd.h>
 
@@ -56,6 +57,8 @@ bool Startup::launch()
     m_delegate->setAppController(m_controller.get());
     m_delegate->applicationDidFinishLaunching();
 
+    // Nothing is open yet: the window starts where an entry begins, at its title.
+    m_controller->window()->titleField()->setFocus();
     m_controller->window()->show();
     return true;
 }
