@@ -9,6 +9,7 @@
 #include "core/UserDefaults.h"
 #include "editor/widgets/Vellox_EnhancedTextView.h"
 #include "library/NotebookRegistry.h"
+#include "render/StyleFolderSeeder.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
 #include "widgets/Alert.h"
@@ -123,6 +124,15 @@ private Q_SLOTS:
         Startup again(defaults());
         QVERIFY(again.launch());
         QVERIFY(QDir(folder).entryList(QDir::Files).isEmpty());
+    }
+
+    void missingStylesAreLoggedInOrderAfterAllTries()
+    {
+        for (int i = 1; i <= 4; ++i)
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression(QString("^ERRORCOPY%1 .* $").arg(i)));
+        QVERIFY(StyleFolderSeeder::seed(AppPaths::cssStyleFolder(), m_root->path() + "/nowhere"));
+        QVERIFY(QDir(AppPaths::cssStyleFolder()).exists());
     }
 
     void firstRunNeedsNameAndFolder()
