@@ -78,7 +78,6 @@ QMenu *MenuBuilder::menu(const QString &objectName)
     menu->setAccessibleName(menu->title());
     menu->setToolTipsVisible(true);
     describe(menu->menuAction(), *entry);
-    menu->menuAction()->setObjectName(objectName);
     if (!m_menuParent)
         m_ownedMenus << menu;
     m_menus.insert(objectName, menu);
