@@ -75,7 +75,7 @@ private Q_SLOTS:
         QCOMPARE(names(list), QStringList({"b", "c", "a"}));
     }
 
-    void savingChecksLocationAndNamesAndKeepsBookmarks()
+    void savingKeepsTheBookmarkOfAnUnchangedFolder()
     {
         UserDefaults &d = UserDefaults::standard();
         NotebookRegistry registry(d);
@@ -83,13 +83,9 @@ private Q_SLOTS:
         list[0].insert("DiarySecURL", QByteArray("bookmark"));
         registry.store(list);
 
-        const QString diaryPath = m_root->path() + "/Diary";
-        QCOMPARE(registry.saveRecord(0, "Diary", diaryPath), NotebookRegistry::SaveResult::Saved);
+        QCOMPARE(registry.saveRecord(0, "Diary", m_root->path() + "/Diary"),
+                 NotebookRegistry::SaveResult::Saved);
         QCOMPARE(registry.record(0).value("DiarySecURL").toByteArray(), QByteArray("bookmark"));
-        QCOMPARE(registry.saveRecord(0, "Work", diaryPath),
-                 NotebookRegistry::SaveResult::NameExists);
-        QCOMPARE(registry.saveRecord(0, "Diary", QString()),
-                 NotebookRegistry::SaveResult::NoLocation);
         QCOMPARE(registry.saveRecord(0, "Journal", m_root->path() + "/Work"),
                  NotebookRegistry::SaveResult::Saved);
         QVERIFY(!registry.record(0).contains("DiarySecURL"));

@@ -156,6 +156,50 @@ private Q_SLOTS:
         QCOMPARE(view->string(), QString("say \u201Chi\u201D ok"));
     }
 
+    void moveLeftThroughTheCommandAction()
+    {
+        EditorCommands commands;
+        commands.setTextView(view.get());
+        QCOMPARE(commands.lineCommandActions().size(), 15);
+        QCOMPARE(commands.markupActions().size(), 8);
+        view->setString("aaa bbb ccc");
+        view->setSelectedRange(8, 3);
+        commands.action(EditorCommands::MoveSelectionLeft)->trigger();
+        QCOMPARE(view->string(), QString("aaa ccc bbb"));
+        QCOMPARE(view->selectedRange(), (QPair<int, int>(4, 3)));
+        QAction *undo = view->createUndoAction(view.get());
+        QCOMPARE(undo->text(), QString("Undo Move Down"));
+        undo->trigger();
+        QCOMPARE(view->string(), QString("aaa bbb ccc"));
+
+        commands.action(EditorCommands::InsertBoldTypeStyle)->trigger();
+        QCOMPARE(view->string(), QString("aaa bbb **ccc**"));
+        QCOMPARE(view->undoActionName(), QString("Insert Markup"));
+
+        view->setEditable(false);
+        QVERIFY(!commands.action(EditorCommands::MoveSelectionUp)->isEnabled());
+        QVERIFY(commands.action(EditorCommands::MoveCursorToNextEmptyLine)->isEnabled());
+        QTest::keyClicks(view.get(), "zz");
+        QCOMPARE(view->string(), QString("aaa bbb **ccc**"));
+        QVERIFY(!undo->isEnabled());
+    }
+
+    void actionsAreDescribed()
+    {
+        // Unique keys and descriptions across every menu are checked on the real window.
+        EditorCommands commands;
+        const auto all =
+            commands.lineCommandActions() + commands.markupActions() + commands.cleanUpActions();
+        for (QAction *action : all) {
+            QVERIFY2(!action->text().isEmpty() && !action->text().startsWith("EDITOR_"),
+                     qPrintable(action->objectName()));
+            QVERIFY2(!action->toolTip().isEmpty(), qPrintable(action->objectName()));
+            QVERIFY(!action->isEnabled()); // no view yet
+        }
+        QVERIFY(!view->accessibleName().isEmpty());
+        QVERIFY(!view->toolTip().isEmpty());
+    }
+
     void changeNoticeComesOnceAfterTyping()
     {
         QTest::keyClicks(view.get(), "abc");

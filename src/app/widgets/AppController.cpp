@@ -2,6 +2,7 @@
 
 #include "FirstRunPanel.h"
 #include "MainWindow.h"
+#include "PreferencesController.h"
 #include "core/AppPaths.h"
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
@@ -19,6 +20,7 @@
 #include "widgets/FolderChooser.h"
 #include "widgets/IconChooserDialog.h"
 #include "widgets/MessageBar.h"
+#include "widgets/MenuBuilder.h"
 #include "widgets/NotebookSideBar.h"
 
 #include <QAction>
@@ -70,11 +72,11 @@ bool AppController::awakeFromNib()
 {
     IconChooserDialog::ensureIconTheme();
     m_window = new MainWindow;
-    if (m_defaults.boolForKey(QStringLiteral("DocklessWindowMode"))) {
+    if (m_defaults.value(Settings::DocklessWindowMode)) {
         // No taskbar entry: the window is reached from the tray item instead.
         m_window->setWindowFlag(Qt::Tool, true);
     }
-    if (m_defaults.boolForKey(QStringLiteral("USEBLACKDOCUMENT")))
+    if (m_defaults.value(Settings::UseBlackDocument))
         setupDarkDocument();
     buildEditor();
 
@@ -135,9 +137,8 @@ QString AppController::selectedEntryPath() const
     const QString title = m_window->titleField()->text();
     if (title.isEmpty() || !m_editor->isEditable())
         return QString();
-    return AppPaths::expandTilde(
-        m_myPersonalSavePath + title + QLatin1Char('.') +
-        m_defaults.stringForKey(QStringLiteral("defaultFileExtensionForEntries")));
+    return AppPaths::expandTilde(m_myPersonalSavePath + title + QLatin1Char('.') +
+                                 m_defaults.value(Settings::DefaultFileExtensionForEntries));
 }
 
 QString AppController::loadedString() const
@@ -147,68 +148,35 @@ QString AppController::loadedString() const
 
 void AppController::buildMenus()
 {
-    QMenu *edit = m_window->editMenu();
-    edit->addAction(m_editor->createUndoAction(edit));
-    edit->addAction(m_editor->createRedoAction(edit));
-    edit->addSeparator();
-    struct Standard
-    {
-        const char *key;
-        const char *tip;
-        QKeySequence::StandardKey shortcut;
-        std::function<void()> run;
-    };
-    const QList<Standard> standard = {
-        {"MENU_CUT", "MENU_CUT_TIP", QKeySequence::Cut, [this] { m_editor->cut(); }},
-        {"MENU_COPY", "MENU_COPY_TIP", QKeySequence::Copy, [this] { m_editor->copy(); }},
-        {"MENU_PASTE", "MENU_PASTE_TIP", QKeySequence::Paste, [this] { m_editor->paste(); }},
-        {"MENU_SELECT_ALL", "MENU_SELECT_ALL_TIP", QKeySequence::SelectAll,
-         [this] { m_editor->selectAll(); }},
-    };
-    for (const Standard &item : standard) {
-        // The editor handles these keys itself; the menu items are for the mouse.
-        QAction *action = edit->addAction(qtTrId(item.key));
-        action->setShortcut(item.shortcut);
-        action->setShortcutContext(Qt::WidgetShortcut);
-        action->setToolTip(qtTrId(item.tip));
-        connect(action, &QAction::triggered, this, item.run);
-    }
+    // Undo and redo name the step they act on, so the editor makes them.
+    m_window->actions()->replaceAction(QStringLiteral("actionUndo"),
+                                       m_editor->createUndoAction(m_window));
+    m_window->actions()->replaceAction(QStringLiteral("actionRedo"),
+                                       m_editor->createRedoAction(m_window));
+    // The editor handles the clipboard keys itself; the menu items are for the mouse. Its
+    // own cut and paste go through its history.
+    connect(m_window->action(QStringLiteral("actionCut")), &QAction::triggered, this,
+            [this] { m_editor->cut(); });
+    connect(m_window->action(QStringLiteral("actionCopy")), &QAction::triggered, this,
+            [this] { m_editor->copy(); });
+    connect(m_window->action(QStringLiteral("actionPaste")), &QAction::triggered, this,
+            [this] { m_editor->paste(); });
+    connect(m_window->action(QStringLiteral("actionSelectAll")), &QAction::triggered, this,
+            [this] { m_editor->selectAll(); });
 
-    m_editorCommands = new EditorCommands(this);
+    m_editorCommands = new EditorCommands(m_window->actions(), this);
     m_editorCommands->setTextView(m_editor);
-    QMenu *format = m_window->formatMenu();
-    format->addSeparator();
-    format->addActions(m_editorCommands->markupActions());
-    format->addSeparator();
-    format->addActions(m_editorCommands->cleanUpActions());
-    format->addSeparator();
-    QAction *tabActions = format->addAction(qtTrId("MENU_TAB_ACTIONS"));
-    tabActions->setToolTip(qtTrId("MENU_TAB_ACTIONS_TIP"));
-    connect(tabActions, &QAction::triggered, this, &AppController::showTabActionEditor);
-
-    auto *text = new QMenu(qtTrId("MENU_TEXT"), m_window);
-    m_window->menuBar()->insertMenu(m_window->viewMenu()->menuAction(), text);
-    text->addActions(m_editorCommands->lineCommandActions());
-
-    QMenu *view = m_window->viewMenu();
-    QAction *showEditor = view->addAction(qtTrId("MENU_SHOW_EDITOR"));
-    showEditor->setShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+E")));
-    showEditor->setToolTip(qtTrId("EDIT_MODE_TIP"));
-    connect(showEditor, &QAction::triggered, this, &AppController::showEditorView);
-    QAction *showPreview = view->addAction(qtTrId("MENU_SHOW_PREVIEW"));
-    showPreview->setShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+P")));
-    showPreview->setToolTip(qtTrId("PREVIEW_MODE_TIP"));
-    connect(showPreview, &QAction::triggered, this, &AppController::showPreviewView);
-    QAction *attachments = view->addAction(qtTrId("MENU_SHOW_ATTACHMENTS"));
-    attachments->setCheckable(true);
-    attachments->setToolTip(qtTrId("ATTACHMENTS_BUTTON_TIP"));
+    connect(m_window->action(QStringLiteral("actionTabActions")), &QAction::triggered, this,
+            &AppController::showTabActionEditor);
+    connect(m_window->action(QStringLiteral("actionShowEditor")), &QAction::triggered, this,
+            &AppController::showEditorView);
+    connect(m_window->action(QStringLiteral("actionShowPreview")), &QAction::triggered, this,
+            &AppController::showPreviewView);
+    QAction *attachments = m_window->action(QStringLiteral("actionShowAttachments"));
     connect(attachments, &QAction::toggled, m_window, &MainWindow::setAttachmentAreaVisible);
     connect(m_window->attachmentButton(), &QToolButton::toggled, attachments, &QAction::setChecked);
-    view->addSeparator();
-    QAction *styles = view->addAction(qtTrId("MENU_PREVIEW_STYLES"));
-    styles->setShortcut(QKeySequence(QStringLiteral("Ctrl+Alt+S")));
-    styles->setToolTip(qtTrId("STYLES_BUTTON_TIP"));
-    connect(styles, &QAction::triggered, this, &AppController::showCSSStyleSelectorHudPanel);
+    connect(m_window->action(QStringLiteral("actionPreviewStyles")), &QAction::triggered, this,
+            &AppController::showCSSStyleSelectorHudPanel);
 }
 
 void AppController::showEditorView()
@@ -301,8 +269,13 @@ void AppController::wireWindow()
 void AppController::observeNotifications()
 {
     NotificationCenter &center = NotificationCenter::defaultCenter();
+    // Only the preferences change the notebook list; the menu-bar search observes the same
+    // name for its own purposes.
     center.addObserver(this, Notifications::DiaryCollectionUpdated,
-                       [this](const Notification &) { diaryMenuInitFromNotification(); });
+                       [this](const Notification &note) {
+                           if (qobject_cast<PreferencesController *>(note.sender()))
+                               diaryMenuInitFromNotification();
+                       });
     // The entry controller observes the relist notification and the change notice itself;
     // the preview controller observes the style change.
 }

@@ -10,8 +10,6 @@
 #include <QAction>
 #include <QApplication>
 #include <QFileInfo>
-#include <QKeySequence>
-#include <QMenu>
 #include <QToolButton>
 
 CollcetionViewCalendarAppDelegate::CollcetionViewCalendarAppDelegate(UserDefaults &defaults,
@@ -43,30 +41,27 @@ void CollcetionViewCalendarAppDelegate::setAppController(AppController *controll
 {
     m_controller = controller;
     MainWindow *window = controller->window();
-    QMenu *file = window->fileMenu();
-    QAction *preferences = file->addAction(qtTrId("MENU_PREFERENCES"));
-    preferences->setShortcut(QKeySequence::Preferences);
-    if (preferences->shortcut().isEmpty())
-        preferences->setShortcut(QKeySequence(QStringLiteral("Ctrl+,")));
+    QAction *preferences = window->action(QStringLiteral("actionPreferences"));
     preferences->setMenuRole(QAction::PreferencesRole);
-    preferences->setToolTip(qtTrId("MENU_PREFERENCES_TIP"));
     connect(preferences, &QAction::triggered, this,
             &CollcetionViewCalendarAppDelegate::showPreferences);
     connect(window->settingsButton(), &QToolButton::clicked, this,
             &CollcetionViewCalendarAppDelegate::showPreferences);
-    file->addSeparator();
-    QAction *quit = file->addAction(qtTrId("MENU_QUIT"));
-    quit->setShortcut(QKeySequence::Quit);
+    QAction *quit = window->action(QStringLiteral("actionQuit"));
     quit->setMenuRole(QAction::QuitRole);
-    quit->setToolTip(qtTrId("MENU_QUIT_TIP"));
-    connect(quit, &QAction::triggered, qApp, &QApplication::closeAllWindows);
-    connect(quit, &QAction::triggered, qApp, &QApplication::quit, Qt::QueuedConnection);
+    connect(quit, &QAction::triggered, this, [window] {
+        // The main window may refuse to close: its entry's text could not be saved and the
+        // user chose to stay. Then nothing quits.
+        if (window->close())
+            QApplication::closeAllWindows();
+        if (!window->isVisible())
+            QMetaObject::invokeMethod(qApp, &QApplication::quit, Qt::QueuedConnection);
+    });
 }
 
 void CollcetionViewCalendarAppDelegate::applicationDidFinishLaunching()
 {
-    m_statusBarPaneSelectionPref =
-        m_defaults.boolForKey(QStringLiteral("StatusBarPaneSelectionPref"));
+    m_statusBarPaneSelectionPref = m_defaults.value(Settings::StatusBarPaneSelectionPref);
     if (m_controller)
         m_controller->tickCurrentMarkupLanguage();
     connect(qApp, &QGuiApplication::applicationStateChanged, this,

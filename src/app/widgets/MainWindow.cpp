@@ -2,6 +2,7 @@
 
 #include "render/MarkupLanguage.h"
 #include "widgets/MessageBar.h"
+#include "widgets/MenuBuilder.h"
 #include "widgets/NotebookSideBar.h"
 
 #include <QActionGroup>
@@ -18,6 +19,7 @@
 #include <QRegularExpressionValidator>
 #include <QSplitter>
 #include <QStackedWidget>
+#include <QStyledItemDelegate>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -40,8 +42,7 @@ MainWindow::MainWindow(QWidget *parent)
     , m_messageBar(new MessageBar)
     , m_attachmentArea(new QFrame)
     , m_wordCounter(new QLabel(QStringLiteral("0:0")))
-    , m_moveToMenu(new QMenu(text("MENU_MOVE_TO"), this))
-    , m_duplicateToMenu(new QMenu(text("MENU_DUPLICATE_TO"), this))
+    , m_actions(new MenuBuilder(this, this))
 {
     setObjectName(QStringLiteral("mainWindow"));
     setWindowIcon(QIcon(QStringLiteral(":/icons/vellox.svg")));
@@ -52,6 +53,9 @@ MainWindow::MainWindow(QWidget *parent)
     m_notebookPopUp->setToolTip(text("NOTEBOOK_POPUP_TIP"));
     m_notebookPopUp->setIconSize(QSize(32, 32));
     m_notebookPopUp->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    // The open list draws each notebook's name beside its icon in the list's own colours;
+    // the menu-style default painted the names in the closed pop-up's white.
+    m_notebookPopUp->setItemDelegate(new QStyledItemDelegate(m_notebookPopUp));
 
     m_titleField->setObjectName(QStringLiteral("titleField"));
     m_titleField->setAccessibleName(text("TITLE_FIELD_NAME"));
@@ -224,46 +228,30 @@ QWidget *MainWindow::buildTopBar()
 
 void MainWindow::buildMenus()
 {
-    m_fileMenu = menuBar()->addMenu(text("MENU_FILE"));
-    m_editMenu = menuBar()->addMenu(text("MENU_EDIT"));
-    m_formatMenu = menuBar()->addMenu(text("MENU_FORMAT"));
-    m_viewMenu = menuBar()->addMenu(text("MENU_VIEW"));
-
-    QMenu *typography = m_formatMenu->addMenu(text("MENU_TYPOGRAPHY"));
-    typography->menuAction()->setData(800);
-    m_markupLanguageMenu = typography->addMenu(text("MENU_MARKUP_LANGUAGE"));
-    m_markupLanguageMenu->menuAction()->setData(900);
+    m_actions->setTextProvider([](const ActionEntry &entry) {
+        return MarkupLanguage::displayName(entry.tag - MarkupLanguage::MenuTagBase);
+    });
+    m_actions->buildMenuBar(menuBar());
     auto *group = new QActionGroup(this);
     group->setExclusive(true);
-    for (int number = 1; number <= MarkupLanguage::Count; ++number) {
-        QAction *action = m_markupLanguageMenu->addAction(MarkupLanguage::displayName(number));
-        action->setData(MarkupLanguage::menuTag(number));
-        action->setCheckable(true);
-        action->setObjectName(QStringLiteral("markupLanguage%1").arg(number));
-        action->setToolTip(text("MENU_MARKUP_LANGUAGE_TIP"));
-        group->addAction(action);
-    }
-    m_entryList->addAction(m_moveToMenu->menuAction());
-    m_entryList->addAction(m_duplicateToMenu->menuAction());
+    for (int number = 1; number <= MarkupLanguage::Count; ++number)
+        group->addAction(markupLanguageAction(MarkupLanguage::menuTag(number)));
+    m_entryList->addActions(m_actions->actionsIn(QStringLiteral("contextMenuEntryList")));
+}
+
+QAction *MainWindow::action(const QString &objectName) const
+{
+    return m_actions->action(objectName);
+}
+
+QMenu *MainWindow::menu(const QString &objectName) const
+{
+    return m_actions->menu(objectName);
 }
 
 QAction *MainWindow::markupLanguageAction(int tag) const
 {
-    const QList<QAction *> top = menuBar()->actions();
-    if (top.size() < 3 || !top.at(2)->menu())
-        return nullptr;
-    auto childWithTag = [](QMenu *menu, int wanted) -> QAction * {
-        if (!menu)
-            return nullptr;
-        for (QAction *action : menu->actions()) {
-            if (action->data().toInt() == wanted)
-                return action;
-        }
-        return nullptr;
-    };
-    QAction *typography = childWithTag(top.at(2)->menu(), 800);
-    QAction *languages = typography ? childWithTag(typography->menu(), 900) : nullptr;
-    return languages ? childWithTag(languages->menu(), tag) : nullptr;
+    return m_actions->actionWithTag(tag);
 }
 
 void MainWindow::setEditor(QPlainTextEdit *editor)

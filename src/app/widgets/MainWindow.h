@@ -13,6 +13,7 @@ class QPlainTextEdit;
 class QSplitter;
 class QStackedWidget;
 class QToolButton;
+class MenuBuilder;
 class NotebookSideBar;
 
 // The main window's widgets and menus. It shows and routes; AppController decides.
@@ -40,13 +41,13 @@ public:
     QToolButton *removeEntryButton() const { return m_removeEntryButton; }
     QToolButton *styleButton() const { return m_styleButton; }
     QToolButton *settingsButton() const { return m_settingsButton; }
-    QMenu *moveToMenu() const { return m_moveToMenu; }
-    QMenu *duplicateToMenu() const { return m_duplicateToMenu; }
-    QMenu *fileMenu() const { return m_fileMenu; }
-    QMenu *editMenu() const { return m_editMenu; }
-    QMenu *formatMenu() const { return m_formatMenu; }
-    QMenu *viewMenu() const { return m_viewMenu; }
-    QMenu *markupLanguageMenu() const { return m_markupLanguageMenu; }
+    // The menus and their items, made from the action table; found by object name only.
+    MenuBuilder *actions() const { return m_actions; }
+    QAction *action(const QString &objectName) const;
+    QMenu *menu(const QString &objectName) const;
+    QMenu *moveToMenu() const { return menu(QStringLiteral("menuMoveTo")); }
+    QMenu *duplicateToMenu() const { return menu(QStringLiteral("menuDuplicateTo")); }
+    QMenu *markupLanguageMenu() const { return menu(QStringLiteral("menuMarkupLanguage")); }
 
     // Swaps in the real editor or preview when they are created.
     void setEditor(QPlainTextEdit *editor);
@@ -58,8 +59,8 @@ public:
     void applyDarkAppearance(bool dark);
     static QIcon themedIcon(const QString &baseName, bool white);
 
-    // Walks the menu bar as the language menu's items are looked up: top-level item 2, its
-    // item tagged 800, that item's item tagged 900, then the item with the given tag.
+    // The markup language item tagged 900 + language (in the menu tagged 900, inside the
+    // Format menu's item tagged 800).
     QAction *markupLanguageAction(int tag) const;
 
 Q_SIGNALS:
@@ -93,12 +94,6 @@ private:
     QToolButton *m_styleButton = nullptr;
     QToolButton *m_settingsButton = nullptr;
     QSplitter *m_splitter = nullptr;
-    QMenu *m_moveToMenu;
-    QMenu *m_duplicateToMenu;
-    QMenu *m_fileMenu = nullptr;
-    QMenu *m_editMenu = nullptr;
-    QMenu *m_formatMenu = nullptr;
-    QMenu *m_viewMenu = nullptr;
-    QMenu *m_markupLanguageMenu = nullptr;
+    MenuBuilder *m_actions;
     bool m_dark = false;
 };

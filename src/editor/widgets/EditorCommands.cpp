@@ -1,85 +1,66 @@
 #include "EditorCommands.h"
 
 #include "EnhancedTextView.h"
+#include "widgets/MenuBuilder.h"
 
 #include <QAction>
-#include <QKeySequence>
+
+#include <iterator>
+
+namespace {
+// The table's names of the commands, in the order of EditorCommands::Command.
+const char *const kCommandNames[] = {
+    "actionIndent",
+    "actionDeIndent",
+    "actionCopyAbove",
+    "actionCopyBelow",
+    "actionCopyLeft",
+    "actionCopyRight",
+    "actionMoveUp",
+    "actionMoveDown",
+    "actionMoveLeft",
+    "actionMoveRight",
+    "actionParagraphEnd",
+    "actionParagraphStart",
+    "actionPreviousEmptyLine",
+    "actionNextEmptyLine",
+    "actionHardLineBreak",
+    "actionBold",
+    "actionItalic",
+    "actionStrike",
+    "actionHeadline1",
+    "actionHeadline2",
+    "actionHeadline3",
+    "actionHeadline4",
+    "actionTagSelection",
+    "actionRemoveMarkup",
+    "actionTrimLines",
+};
+} // namespace
 
 EditorCommands::EditorCommands(QObject *parent)
+    : EditorCommands(nullptr, parent)
+{}
+
+EditorCommands::EditorCommands(MenuBuilder *actions, QObject *parent)
     : QObject(parent)
+    , m_builder(actions ? actions : new MenuBuilder(nullptr, this))
 {
-    using K = QKeySequence;
-    add(IndentSelectedText, "indentSelectedText", "EDITOR_CMD_INDENT", "EDITOR_CMD_INDENT_TIP",
-        K(Qt::CTRL | Qt::Key_BracketRight));
-    add(DeIndentSelectedText, "deIndentSelectedText", "EDITOR_CMD_DEINDENT",
-        "EDITOR_CMD_DEINDENT_TIP", K(Qt::CTRL | Qt::Key_BracketLeft));
-    add(InsertSelectedTextBeforeSelection, "insertSelectedTextBeforeSelection",
-        "EDITOR_CMD_COPY_ABOVE", "EDITOR_CMD_COPY_ABOVE_TIP", K(Qt::ALT | Qt::SHIFT | Qt::Key_Up));
-    add(InsertSelectedTextAfterSelection, "insertSelectedTextAfterSelection",
-        "EDITOR_CMD_COPY_BELOW", "EDITOR_CMD_COPY_BELOW_TIP",
-        K(Qt::ALT | Qt::SHIFT | Qt::Key_Down));
-    add(InsertSelectedTextLeftToSelection, "insertSelectedTextLeftToSelection",
-        "EDITOR_CMD_COPY_LEFT", "EDITOR_CMD_COPY_LEFT_TIP", K(Qt::ALT | Qt::SHIFT | Qt::Key_Left));
-    add(InsertSelectedTextRightToSelection, "insertSelectedTextRightToSelection",
-        "EDITOR_CMD_COPY_RIGHT", "EDITOR_CMD_COPY_RIGHT_TIP",
-        K(Qt::ALT | Qt::SHIFT | Qt::Key_Right));
-    add(MoveSelectionUp, "moveSelectionUp", "EDITOR_CMD_MOVE_UP", "EDITOR_CMD_MOVE_UP_TIP",
-        K(Qt::ALT | Qt::Key_Up));
-    add(MoveSelectionDown, "moveSelectionDown", "EDITOR_CMD_MOVE_DOWN", "EDITOR_CMD_MOVE_DOWN_TIP",
-        K(Qt::ALT | Qt::Key_Down));
-    add(MoveSelectionLeft, "moveSelectionLeft", "EDITOR_CMD_MOVE_LEFT", "EDITOR_CMD_MOVE_LEFT_TIP",
-        K(Qt::ALT | Qt::Key_Left));
-    add(MoveSelectionRight, "moveSelectionRight", "EDITOR_CMD_MOVE_RIGHT",
-        "EDITOR_CMD_MOVE_RIGHT_TIP", K(Qt::ALT | Qt::Key_Right));
-    add(MoveCursorToTheEndOfParagraph, "moveCursorToTheEndOfParagraph", "EDITOR_CMD_PARAGRAPH_END",
-        "EDITOR_CMD_PARAGRAPH_END_TIP", K(Qt::CTRL | Qt::SHIFT | Qt::Key_E));
-    add(MoveCursorToTheBeginningOfParagraph, "moveCursorToTheBeginningOfParagraph",
-        "EDITOR_CMD_PARAGRAPH_START", "EDITOR_CMD_PARAGRAPH_START_TIP",
-        K(Qt::CTRL | Qt::SHIFT | Qt::Key_A));
-    add(MoveCursorToPreviousEmptyLine, "moveCursorToPreviousEmptyLine",
-        "EDITOR_CMD_PREVIOUS_EMPTY_LINE", "EDITOR_CMD_PREVIOUS_EMPTY_LINE_TIP",
-        K(Qt::CTRL | Qt::SHIFT | Qt::Key_Up));
-    add(MoveCursorToNextEmptyLine, "moveCursorToNextEmptyLine", "EDITOR_CMD_NEXT_EMPTY_LINE",
-        "EDITOR_CMD_NEXT_EMPTY_LINE_TIP", K(Qt::CTRL | Qt::SHIFT | Qt::Key_Down));
-    add(MoveCursorToTheEndOfParagraphAndPerformHardLineBreak,
-        "moveCursorToTheEndOfParagraphAndPerformHardLineBreak", "EDITOR_CMD_HARD_BREAK",
-        "EDITOR_CMD_HARD_BREAK_TIP", K(Qt::CTRL | Qt::SHIFT | Qt::Key_Return));
-    add(InsertBoldTypeStyle, "insertBoldTypeStyle", "EDITOR_CMD_BOLD", "EDITOR_CMD_BOLD_TIP",
-        K(Qt::CTRL | Qt::Key_B));
-    add(InsertItalicTypeStyle, "insertItalicTypeStyle", "EDITOR_CMD_ITALIC",
-        "EDITOR_CMD_ITALIC_TIP", K(Qt::CTRL | Qt::Key_I));
-    add(InsertStrikeTypeStyle, "insertStrikeTypeStyle", "EDITOR_CMD_STRIKE",
-        "EDITOR_CMD_STRIKE_TIP", K(Qt::CTRL | Qt::SHIFT | Qt::Key_X));
-    add(InsertHeadline1, "insertHeadlineStyleType1", "EDITOR_CMD_HEADLINE1",
-        "EDITOR_CMD_HEADLINE_TIP", K(Qt::CTRL | Qt::ALT | Qt::Key_1));
-    add(InsertHeadline2, "insertHeadlineStyleType2", "EDITOR_CMD_HEADLINE2",
-        "EDITOR_CMD_HEADLINE_TIP", K(Qt::CTRL | Qt::ALT | Qt::Key_2));
-    add(InsertHeadline3, "insertHeadlineStyleType3", "EDITOR_CMD_HEADLINE3",
-        "EDITOR_CMD_HEADLINE_TIP", K(Qt::CTRL | Qt::ALT | Qt::Key_3));
-    add(InsertHeadline4, "insertHeadlineStyleType4", "EDITOR_CMD_HEADLINE4",
-        "EDITOR_CMD_HEADLINE_TIP", K(Qt::CTRL | Qt::ALT | Qt::Key_4));
-    add(TransformSelectedTextToTag, "transformSelectedTextToTag", "EDITOR_CMD_TAG",
-        "EDITOR_CMD_TAG_TIP", K(Qt::CTRL | Qt::SHIFT | Qt::Key_T));
-    add(ContextActionRemoveMarkup, "contextActionRemoveMarkup",
-        "CONTEXT_EDIT_TEXTFIELD_REMOVE_MARKUP", "CONTEXT_EDIT_TEXTFIELD_REMOVE_MARKUP_TOOLTIP",
-        QKeySequence());
-    add(ContextActionTrimLines, "contextActionTrimLines", "CONTEXT_EDIT_TEXTFIELD_TRIM_LINES",
-        "CONTEXT_EDIT_TEXTFIELD_TRIM_LINES_TOOLTIP", QKeySequence());
+    constexpr int count = int(std::size(kCommandNames));
+    static_assert(count == ContextActionTrimLines + 1);
+    for (int command = 0; command < count; ++command) {
+        QAction *action = m_builder->action(QString::fromLatin1(kCommandNames[command]));
+        Q_ASSERT(action);
+        connect(action, &QAction::triggered, this,
+                [this, command] { trigger(static_cast<Command>(command)); });
+        m_ordered.append(action);
+    }
     updateEnabled();
 }
 
-void EditorCommands::add(Command command, const char *name, const char *textKey, const char *tipKey,
-                         const QKeySequence &shortcut)
+QString EditorCommands::actionName(Command command)
 {
-    auto *action = new QAction(qtTrId(textKey), this);
-    action->setObjectName(QString::fromLatin1(name));
-    action->setToolTip(qtTrId(tipKey));
-    action->setStatusTip(action->toolTip());
-    if (!shortcut.isEmpty())
-        action->setShortcut(shortcut);
-    connect(action, &QAction::triggered, this, [this, command] { trigger(command); });
-    m_actions.insert(command, action);
-    m_ordered.append(action);
+    return QString::fromLatin1(kCommandNames[command]);
 }
 
 void EditorCommands::setTextView(EnhancedTextView *view)
@@ -94,8 +75,7 @@ void EditorCommands::setTextView(EnhancedTextView *view)
 
 QList<QAction *> EditorCommands::lineCommandActions() const
 {
-    return m_ordered.mid(IndentSelectedText,
-                         MoveCursorToTheEndOfParagraphAndPerformHardLineBreak + 1);
+    return m_builder->actionsIn(QStringLiteral("menuText"));
 }
 
 QList<QAction *> EditorCommands::markupActions() const
@@ -105,7 +85,7 @@ QList<QAction *> EditorCommands::markupActions() const
 
 QList<QAction *> EditorCommands::cleanUpActions() const
 {
-    return {action(ContextActionRemoveMarkup), action(ContextActionTrimLines)};
+    return m_builder->actionsIn(QStringLiteral("contextMenuEditor"));
 }
 
 void EditorCommands::updateEnabled()

@@ -1,16 +1,17 @@
 #pragma once
 
-#include <QHash>
 #include <QList>
 #include <QObject>
 #include <QPointer>
 
 class QAction;
 class EnhancedTextView;
+class MenuBuilder;
 
-// The editor's menu commands as ready-made actions (texts, shortcuts, accessible names,
-// tooltips) acting on one text view, so the main window only adds them to its menus. The
-// actions are disabled while no view is set or the view is not editable.
+// Connects the editor's commands of the action table to one text view. The actions (texts,
+// shortcuts, tooltips) come from the table through a MenuBuilder, the main window's when
+// given, so the menus hold these very actions. They are disabled while no view is set or
+// the view is not editable.
 class EditorCommands : public QObject
 {
     Q_OBJECT
@@ -45,11 +46,16 @@ public:
     Q_ENUM(Command)
 
     explicit EditorCommands(QObject *parent = nullptr);
+    // Takes the actions from the given builder (not owned); a null one makes its own.
+    explicit EditorCommands(MenuBuilder *actions, QObject *parent = nullptr);
+
+    // The object name of a command's action in the action table.
+    static QString actionName(Command command);
 
     void setTextView(EnhancedTextView *view);
     EnhancedTextView *textView() const { return m_view; }
 
-    QAction *action(Command command) const { return m_actions.value(command); }
+    QAction *action(Command command) const { return m_ordered.value(command); }
     // The fifteen line and caret commands, in menu order.
     QList<QAction *> lineCommandActions() const;
     // Bold, italic, strike, headlines 1-4, tag wrap.
@@ -58,12 +64,10 @@ public:
     QList<QAction *> cleanUpActions() const;
 
 private:
-    void add(Command command, const char *name, const char *textKey, const char *tipKey,
-             const QKeySequence &shortcut);
     void trigger(Command command);
     void updateEnabled();
 
-    QHash<int, QAction *> m_actions;
+    MenuBuilder *m_builder;
     QList<QAction *> m_ordered;
     QPointer<EnhancedTextView> m_view;
     QMetaObject::Connection m_viewConnection;

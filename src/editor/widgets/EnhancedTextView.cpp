@@ -5,7 +5,11 @@
 #include "core/Notifications.h"
 #include "core/UserDefaults.h"
 #include "editor/LineCommands.h"
+#include "editor/ListNumbering.h"
+#include "editor/MarkupInsertion.h"
+#include "editor/TextEditorModel.h"
 #include "render/MarkupLanguage.h"
+#include "widgets/MenuBuilder.h"
 
 #include <QAction>
 #include <QApplication>
@@ -452,23 +456,23 @@ void EnhancedTextView::contextMenuTextViewSetup(QMenu *menu)
             });
         }
     }
-    const QString removeTitle = qtTrId("CONTEXT_EDIT_TEXTFIELD_REMOVE_MARKUP");
-    for (QAction *action : menu->actions())
-        if (action->text() == removeTitle)
-            return;
+    // The clean-up items come from the action table, made afresh for each menu.
+    if (menu->findChild<QAction *>(QStringLiteral("actionRemoveMarkup")))
+        return;
     QAction *first = menu->actions().value(0);
-    auto *remove = new QAction(removeTitle, menu);
-    remove->setObjectName(QStringLiteral("contextActionRemoveMarkup"));
-    remove->setToolTip(qtTrId("CONTEXT_EDIT_TEXTFIELD_REMOVE_MARKUP_TOOLTIP"));
-    connect(remove, &QAction::triggered, this, &EnhancedTextView::contextActionRemoveMarkup);
-    auto *trim = new QAction(qtTrId("CONTEXT_EDIT_TEXTFIELD_TRIM_LINES"), menu);
-    trim->setObjectName(QStringLiteral("contextActionTrimLines"));
-    trim->setToolTip(qtTrId("CONTEXT_EDIT_TEXTFIELD_TRIM_LINES_TOOLTIP"));
-    connect(trim, &QAction::triggered, this, &EnhancedTextView::contextActionTrimLines);
-    menu->insertAction(first, remove);
-    menu->insertAction(first, trim);
-    remove->setEnabled(isEditable());
-    trim->setEnabled(isEditable());
+    const QList<QAction *> cleanUp =
+        MenuBuilder::createContextActions(QStringLiteral("contextMenuEditor"), menu);
+    for (QAction *action : cleanUp) {
+        const QString name = action->objectName();
+        if (name == u"actionRemoveMarkup")
+            connect(action, &QAction::triggered, this,
+                    &EnhancedTextView::contextActionRemoveMarkup);
+        else if (name == u"actionTrimLines")
+            connect(action, &QAction::triggered, this, &EnhancedTextView::contextActionTrimLines);
+        action->setEnabled(isEditable());
+        menu->insertAction(first, action);
+    }
+    menu->insertSeparator(first);
 }
 
 // --- commands -----------------------------------------------------------------------------

@@ -1,0 +1,75 @@
+#include "Startup.h"
+
+#include "AppController.h"
+#include "CollcetionViewCalendarAppDelegate.h"
+#include "MainWindow.h"
+#include "core/Localisation.h"
+#include "core/UserDefaults.h"
+#include "library/TerminationSignalHandler.h"
+
+#include <QApplication>
+#include <QIcon>
+#include <QLineEdit>
+
+#include <unistd.h>
+
+Startup::Startup(UserDefaults &defaults)
+    : m_defaults(defaults)
+{}
+
+Startup::~Startup()
+{
+    // The window goes before the delegate that refers to it.
+    m_controller.reset();
+    m_delegate.reset();
+}
+
+void Startup::prepareProcess()
+{
+    // QtWebEngine refuses to start its sandbox as root; the preview shows only local pages
+    // with JavaScript off, so running it unsandboxed there is acceptable.
+    if (geteuid() == 0)
+        qputenv("QTWEBENGINE_DISABLE_SANDBOX", "1");
+    QCoreApplication::setAttribute(Qt::AA_ShareOpenGLContexts);
+}
+
+void Startup::configureApplication(QApplication &app)
+{
+    QApplication::setApplicationName(QStringLiteral("Vellox"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Vellox"));
+    QApplication::setDesktopFileName(QStringLiteral("vellox"));
+    QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/vellox.svg")));
+    Localisation::install(&app);
+}
+
+bool Startup::launch()
+{
+    // SIGTERM, SIGINT and SIGHUP end the app like Quit, so pending text is saved first. Set
+    // up before anything else: a signal that arrives during the launch waits for the event
+    // loop instead of killing the process half-way.
+    m_termination = std::make_unique<TerminationSignalHandler>(true);
+    CollcetionViewCalendarAppDelegate::initialize(m_defaults);
+    m_delegate = std::make_unique<CollcetionViewCalendarAppDelegate>(m_defaults);
+    m_controller = std::make_unique<AppController>(m_defaults);
+    m_delegate->awakeFromNib();
+    if (!m_controller->awakeFromNib())
+        return false;
+    m_delegate->setAppController(m_controller.get());
+    m_delegate->applicationDidFinishLaunching();
+
+    // Nothing is open yet: the window starts where an entry begins, at its title.
+    m_controller->window()->titleField()->setFocus();
+    m_controller->window()->show();
+    return true;
+}
+
+int Startup::run(int argc, char **argv)
+{
+    prepareProcess();
+    QApplication app(argc, argv);
+    configureApplication(app);
+    Startup startup(UserDefaults::standard());
+    if (!startup.launch())
+        return 0;
+    return app.exec();
+}

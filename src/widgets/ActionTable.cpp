@@ -1,0 +1,206 @@
+#include "ActionTable.h"
+
+#include <QStringList>
+
+namespace {
+
+ActionEntry menu(const char *name, const char *in, const char *textId, int tag = 0)
+{
+    ActionEntry entry;
+    entry.kind = ActionEntry::Menu;
+    entry.objectName = name;
+    entry.menus = in;
+    entry.textId = textId;
+    entry.tag = tag;
+    return entry;
+}
+
+ActionEntry action(const char *name, const char *in, const char *textId, const char *tipId,
+                   const char *keys = "")
+{
+    ActionEntry entry;
+    entry.objectName = name;
+    entry.menus = in;
+    entry.textId = textId;
+    entry.toolTipId = tipId;
+    entry.keys = keys;
+    return entry;
+}
+
+ActionEntry standard(const char *name, const char *in, const char *textId, const char *tipId,
+                     QKeySequence::StandardKey key, bool keysShownOnly = false)
+{
+    ActionEntry entry = action(name, in, textId, tipId);
+    entry.standardKey = key;
+    entry.keysShownOnly = keysShownOnly;
+    return entry;
+}
+
+ActionEntry separator(const char *in)
+{
+    ActionEntry entry;
+    entry.kind = ActionEntry::Separator;
+    entry.menus = in;
+    return entry;
+}
+
+ActionEntry language(int number)
+{
+    static const char *const names[] = {"actionMarkupLanguage1", "actionMarkupLanguage2",
+                                        "actionMarkupLanguage3", "actionMarkupLanguage4",
+                                        "actionMarkupLanguage5", "actionMarkupLanguage6",
+                                        "actionMarkupLanguage7"};
+    // The languages' names are proper names, supplied by the language table.
+    ActionEntry entry =
+        action(names[number - 1], "menuMarkupLanguage", nullptr, "MENU_MARKUP_LANGUAGE_TIP");
+    entry.tag = 900 + number;
+    entry.checkable = true;
+    return entry;
+}
+
+QList<ActionEntry> buildTable()
+{
+    // The markup language items are looked up the way the launch ticks them: Format (main
+    // menu item 2), its item tagged 800, that item's item tagged 900, then 900 + language.
+    QList<ActionEntry> t = {
+        menu("menuFile", "", "MENU_FILE"),
+        standard("actionPreferences", "menuFile", "MENU_PREFERENCES", "MENU_PREFERENCES_TIP",
+                 QKeySequence::Preferences),
+        separator("menuFile"),
+        standard("actionQuit", "menuFile", "MENU_QUIT", "MENU_QUIT_TIP", QKeySequence::Quit),
+
+        menu("menuEdit", "", "MENU_EDIT"),
+        standard("actionUndo", "menuEdit", "EDITOR_UNDO", "EDITOR_UNDO_TOOLTIP",
+                 QKeySequence::Undo),
+        standard("actionRedo", "menuEdit", "EDITOR_REDO", "EDITOR_REDO_TOOLTIP",
+                 QKeySequence::Redo),
+        separator("menuEdit"),
+        standard("actionCut", "menuEdit", "MENU_CUT", "MENU_CUT_TIP", QKeySequence::Cut, true),
+        standard("actionCopy", "menuEdit", "MENU_COPY", "MENU_COPY_TIP", QKeySequence::Copy, true),
+        standard("actionPaste", "menuEdit", "MENU_PASTE", "MENU_PASTE_TIP", QKeySequence::Paste,
+                 true),
+        standard("actionSelectAll", "menuEdit", "MENU_SELECT_ALL", "MENU_SELECT_ALL_TIP",
+                 QKeySequence::SelectAll, true),
+
+        menu("menuFormat", "", "MENU_FORMAT"),
+        menu("menuTypography", "menuFormat", "MENU_TYPOGRAPHY", 800),
+        menu("menuMarkupLanguage", "menuTypography", "MENU_MARKUP_LANGUAGE", 900),
+    };
+    for (int number = 1; number <= 7; ++number)
+        t << language(number);
+    t << separator("menuFormat")
+      << action("actionBold", "menuFormat", "EDITOR_CMD_BOLD", "EDITOR_CMD_BOLD_TIP", "Ctrl+B")
+      << action("actionItalic", "menuFormat", "EDITOR_CMD_ITALIC", "EDITOR_CMD_ITALIC_TIP",
+                "Ctrl+I")
+      << action("actionStrike", "menuFormat", "EDITOR_CMD_STRIKE", "EDITOR_CMD_STRIKE_TIP",
+                "Ctrl+Shift+X")
+      << action("actionHeadline1", "menuFormat", "EDITOR_CMD_HEADLINE1", "EDITOR_CMD_HEADLINE_TIP",
+                "Ctrl+Alt+1")
+      << action("actionHeadline2", "menuFormat", "EDITOR_CMD_HEADLINE2", "EDITOR_CMD_HEADLINE_TIP",
+                "Ctrl+Alt+2")
+      << action("actionHeadline3", "menuFormat", "EDITOR_CMD_HEADLINE3", "EDITOR_CMD_HEADLINE_TIP",
+                "Ctrl+Alt+3")
+      << action("actionHeadline4", "menuFormat", "EDITOR_CMD_HEADLINE4", "EDITOR_CMD_HEADLINE_TIP",
+                "Ctrl+Alt+4")
+      << action("actionTagSelection", "menuFormat", "EDITOR_CMD_TAG", "EDITOR_CMD_TAG_TIP",
+                "Ctrl+Shift+T")
+      << separator("menuFormat")
+      << action("actionRemoveMarkup", "menuFormat contextMenuEditor",
+                "CONTEXT_EDIT_TEXTFIELD_REMOVE_MARKUP",
+                "CONTEXT_EDIT_TEXTFIELD_REMOVE_MARKUP_TOOLTIP")
+      << action("actionTrimLines", "menuFormat contextMenuEditor",
+                "CONTEXT_EDIT_TEXTFIELD_TRIM_LINES", "CONTEXT_EDIT_TEXTFIELD_TRIM_LINES_TOOLTIP")
+      << separator("menuFormat")
+      << action("actionTabActions", "menuFormat", "MENU_TAB_ACTIONS", "MENU_TAB_ACTIONS_TIP")
+
+      << menu("menuText", "", "MENU_TEXT")
+      << action("actionIndent", "menuText", "EDITOR_CMD_INDENT", "EDITOR_CMD_INDENT_TIP", "Ctrl+]")
+      << action("actionDeIndent", "menuText", "EDITOR_CMD_DEINDENT", "EDITOR_CMD_DEINDENT_TIP",
+                "Ctrl+[")
+      << action("actionCopyAbove", "menuText", "EDITOR_CMD_COPY_ABOVE", "EDITOR_CMD_COPY_ABOVE_TIP",
+                "Alt+Shift+Up")
+      << action("actionCopyBelow", "menuText", "EDITOR_CMD_COPY_BELOW", "EDITOR_CMD_COPY_BELOW_TIP",
+                "Alt+Shift+Down")
+      << action("actionCopyLeft", "menuText", "EDITOR_CMD_COPY_LEFT", "EDITOR_CMD_COPY_LEFT_TIP",
+                "Alt+Shift+Left")
+      << action("actionCopyRight", "menuText", "EDITOR_CMD_COPY_RIGHT", "EDITOR_CMD_COPY_RIGHT_TIP",
+                "Alt+Shift+Right")
+      << action("actionMoveUp", "menuText", "EDITOR_CMD_MOVE_UP", "EDITOR_CMD_MOVE_UP_TIP",
+                "Alt+Up")
+      << action("actionMoveDown", "menuText", "EDITOR_CMD_MOVE_DOWN", "EDITOR_CMD_MOVE_DOWN_TIP",
+                "Alt+Down")
+      << action("actionMoveLeft", "menuText", "EDITOR_CMD_MOVE_LEFT", "EDITOR_CMD_MOVE_LEFT_TIP",
+                "Alt+Left")
+      << action("actionMoveRight", "menuText", "EDITOR_CMD_MOVE_RIGHT", "EDITOR_CMD_MOVE_RIGHT_TIP",
+                "Alt+Right")
+      << action("actionParagraphEnd", "menuText", "EDITOR_CMD_PARAGRAPH_END",
+                "EDITOR_CMD_PARAGRAPH_END_TIP", "Ctrl+Shift+E")
+      << action("actionParagraphStart", "menuText", "EDITOR_CMD_PARAGRAPH_START",
+                "EDITOR_CMD_PARAGRAPH_START_TIP", "Ctrl+Shift+A")
+      << action("actionPreviousEmptyLine", "menuText", "EDITOR_CMD_PREVIOUS_EMPTY_LINE",
+                "EDITOR_CMD_PREVIOUS_EMPTY_LINE_TIP", "Ctrl+Shift+Up")
+      << action("actionNextEmptyLine", "menuText", "EDITOR_CMD_NEXT_EMPTY_LINE",
+                "EDITOR_CMD_NEXT_EMPTY_LINE_TIP", "Ctrl+Shift+Down")
+      << action("actionHardLineBreak", "menuText", "EDITOR_CMD_HARD_BREAK",
+                "EDITOR_CMD_HARD_BREAK_TIP", "Ctrl+Shift+Return")
+
+      << menu("menuView", "", "MENU_VIEW")
+      << action("actionShowEditor", "menuView", "MENU_SHOW_EDITOR", "EDIT_MODE_TIP", "Ctrl+Alt+E")
+      << action("actionShowPreview", "menuView", "MENU_SHOW_PREVIEW", "PREVIEW_MODE_TIP",
+                "Ctrl+Alt+P");
+    ActionEntry attachments = action("actionShowAttachments", "menuView", "MENU_SHOW_ATTACHMENTS",
+                                     "ATTACHMENTS_BUTTON_TIP");
+    attachments.checkable = true;
+    t << attachments << separator("menuView")
+      << action("actionPreviewStyles", "menuView", "MENU_PREVIEW_STYLES", "STYLES_BUTTON_TIP",
+                "Ctrl+Alt+S")
+
+      // The entry list's context menu: its submenus are filled with the notebooks.
+      << menu("menuMoveTo", "contextMenuEntryList", "MENU_MOVE_TO")
+      << menu("menuDuplicateTo", "contextMenuEntryList", "MENU_DUPLICATE_TO");
+    return t;
+}
+
+} // namespace
+
+QList<QKeySequence> ActionEntry::shortcuts() const
+{
+    if (keys && *keys)
+        return {QKeySequence(QString::fromLatin1(keys), QKeySequence::PortableText)};
+    if (standardKey != QKeySequence::UnknownKey) {
+        QList<QKeySequence> bindings = QKeySequence::keyBindings(standardKey);
+        // Desktops without a preferences key get the common one.
+        if (bindings.isEmpty() && standardKey == QKeySequence::Preferences)
+            bindings << QKeySequence(QStringLiteral("Ctrl+,"));
+        return bindings;
+    }
+    return {};
+}
+
+bool ActionEntry::isIn(const QString &menuName) const
+{
+    if (menuName.isEmpty())
+        return !menus || !*menus;
+    return QString::fromLatin1(menus)
+        .split(QLatin1Char(' '), Qt::SkipEmptyParts)
+        .contains(menuName);
+}
+
+namespace ActionTable {
+
+const QList<ActionEntry> &entries()
+{
+    static const QList<ActionEntry> table = buildTable();
+    return table;
+}
+
+const ActionEntry *find(const QString &objectName)
+{
+    for (const ActionEntry &entry : entries()) {
+        if (entry.objectName && objectName == QLatin1String(entry.objectName))
+            return &entry;
+    }
+    return nullptr;
+}
+
+} // namespace ActionTable
