@@ -19,8 +19,8 @@
 #include "render/widgets/PreviewHost.h"
 #include "widgets/FolderChooser.h"
 #include "widgets/IconChooserDialog.h"
-#include "widgets/MessageBar.h"
 #include "widgets/MenuBuilder.h"
+#include "widgets/MessageBar.h"
 #include "widgets/NotebookSideBar.h"
 
 #include <QAction>

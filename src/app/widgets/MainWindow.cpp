@@ -1,8 +1,8 @@
 #include "MainWindow.h"
 
 #include "render/MarkupLanguage.h"
-#include "widgets/MessageBar.h"
 #include "widgets/MenuBuilder.h"
+#include "widgets/MessageBar.h"
 #include "widgets/NotebookSideBar.h"
 
 #include <QActionGroup>
