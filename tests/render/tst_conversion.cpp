@@ -285,43 +285,38 @@ private Q_SLOTS:
         QCOMPARE(controller.phpLaunchPath(), QStringLiteral("/usr/bin/php"));
     }
 
-    void missingInterpreterGivesEmptyResultAndLogLine()
+    // A missing program, script or archive costs an empty page and a log line naming it.
+    void missingPiecesGiveEmptyTextAndALogLine_data()
     {
+        QTest::addColumn<int>("language");
+        QTest::addColumn<QString>("missing");
+        QTest::addColumn<QStringList>("logged");
+        addRow("interpreter", 1, QString("php"), QStringList{"/nonexistent/php is missing"});
+        addRow("script", 1, QString("folder"), QStringList{"\"markdown.php\" is missing"});
+        addRow("unzip", 7, QString("unzip"),
+               QStringList{"/nonexistent/unzip is missing", "MultiMarkdown.pl is missing"});
+    }
+
+    void missingPiecesGiveEmptyTextAndALogLine()
+    {
+        QFETCH(int, language);
+        QFETCH(QString, missing);
+        QFETCH(QStringList, logged);
+        QTemporaryDir dir;
         TaskController::Tools tools;
-        tools.php = QStringLiteral("/nonexistent/bin/php");
-        TaskController controller(tools);
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(QStringLiteral("/nonexistent/bin/php is missing")));
+        if (missing == QLatin1String("php"))
+            tools.php = QStringLiteral("/nonexistent/php");
+        else if (missing == QLatin1String("unzip"))
+            tools.unzip = QStringLiteral("/nonexistent/unzip");
+        else
+            tools.converterFolder = dir.path();
+        for (const QString &line : logged)
+            QTest::ignoreMessage(QtWarningMsg,
+                                 QRegularExpression(QRegularExpression::escape(line)));
         QElapsedTimer timer;
         timer.start();
-        QCOMPARE(controller.convert(1, QStringLiteral("text")), QString());
+        QCOMPARE(TaskController(tools).convert(language, QStringLiteral("text")), QString());
         QVERIFY(timer.elapsed() < 5000);
-    }
-
-    void missingScriptIsReportedAndKeepsTheLaunchPath()
-    {
-        QTemporaryDir dir;
-        TaskController::Tools tools;
-        tools.converterFolder = dir.path();
-        TaskController controller(tools);
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(QStringLiteral("\"markdown.php\" is missing")));
-        QCOMPARE(controller.convert(1, QStringLiteral("*x*")), QString());
-        QCOMPARE(controller.phpScriptPath(), QString());
-        QCOMPARE(controller.phpLaunchPath(), QStringLiteral("/usr/bin/php"));
-    }
-
-    void missingArchiveOrUnzipIsReported()
-    {
-        QTemporaryDir dir;
-        TaskController::Tools tools;
-        tools.unzip = QStringLiteral("/nonexistent/unzip");
-        TaskController controller(tools);
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(QStringLiteral("/nonexistent/unzip is missing")));
-        QTest::ignoreMessage(QtWarningMsg,
-                             QRegularExpression(QStringLiteral("MultiMarkdown.pl is missing")));
-        QCOMPARE(controller.convert(7, QStringLiteral("x")), QString());
     }
 
     void converterWritingBeforeReadingDoesNotDeadlock()
