@@ -4,6 +4,8 @@
 
 #include <QThread>
 
+#include <utility>
+
 namespace {
 
 // Off the main thread a slow converter blocks nobody, and a superseded one is stopped early,

@@ -88,7 +88,8 @@ class TestMainWindow : public QObject
     // once the newest text is converted.
     QString builtPage()
     {
-        QTest::qWaitFor([this] { return !m_app->preview()->isPending(); }, 30000);
+        if (!QTest::qWaitFor([this] { return !m_app->preview()->isPending(); }, 30000))
+            return QStringLiteral("(the preview was not built)");
         return m_app->preview()->lastPageHtml();
     }
 

@@ -51,36 +51,20 @@ private Q_SLOTS:
     }
     void cleanup() { m_defaults.reset(); }
 
-    void firstStartSelectsStandard()
+    void loadingAndSelectingStoreAndAnnounceTheChoice()
     {
         seedShippedStyles();
         CSSStykeController panel(*m_defaults);
-        QCOMPARE(panel.numberOfRowsInTableView(), 4);
-        QStringList names = panel.displayItems();
-        names.sort();
-        QCOMPARE(names, QStringList({"Delicious Contrast.css", "Delicious White.css",
-                                     "Standard Night.css", "Standard.css"}));
-        QCOMPARE(panel.cssStyleTable()->count(), 4);
         QCOMPARE(panel.cssStyleTable()->currentItem()->text(), QStringLiteral("Standard.css"));
-        QCOMPARE(chosen(), QStringLiteral("Standard.css"));
         // Loading the list is a selection like any other: stored and announced once.
         QVERIFY(m_defaults->hasStoredValue(Settings::SelectedCSSStyle));
         QCOMPARE(m_reloads, 1);
-    }
 
-    void selectingARowStoresAndAnnouncesIt()
-    {
-        seedShippedStyles();
-        m_defaults->setValue(Settings::SelectedCSSStyle, QStringLiteral("Delicious White.css"));
-        CSSStykeController panel(*m_defaults);
-        QCOMPARE(panel.cssStyleTable()->currentItem()->text(),
-                 QStringLiteral("Delicious White.css"));
         const int night = panel.displayItems().indexOf(QStringLiteral("Standard Night.css"));
-        m_reloads = 0;
         panel.cssStyleTable()->setCurrentRow(night);
         QCOMPARE(chosen(), QStringLiteral("Standard Night.css"));
-        QCOMPARE(m_reloads, 1);
-        // Reloading keeps the choice.
+        QCOMPARE(m_reloads, 2);
+        // Listing again keeps the choice.
         panel.loadItems();
         QCOMPARE(panel.cssStyleTable()->currentRow(), night);
         QCOMPARE(chosen(), QStringLiteral("Standard Night.css"));
@@ -104,37 +88,27 @@ private Q_SLOTS:
         QVERIFY(trash.exists(QStringLiteral("Standard Night.css")));
     }
 
-    void removingEverythingLeavesAnEmptyListThatStillWorks()
+    // With no folder, or with every style removed, the panel still works and adding a style
+    // makes it the chosen one.
+    void anEmptyOrMissingFolderStillWorks()
     {
-        QDir().mkpath(AppPaths::cssStyleFolder());
-        writeBytes(AppPaths::cssStyleFolder() + QStringLiteral("Only.css"), "body{}");
-        CSSStykeController panel(*m_defaults);
-        QCOMPARE(chosen(), QStringLiteral("Only.css"));
-        QVERIFY(panel.findChildren<QToolButton *>().size() >= 2);
-        panel.removeCSSStyle();
-        QCOMPARE(panel.numberOfRowsInTableView(), 0);
-        QCOMPARE(panel.cssStyleTable()->currentRow(), -1);
-        // Nothing left to choose: the last choice stays stored, and removing again only beeps.
-        QCOMPARE(chosen(), QStringLiteral("Only.css"));
-        panel.removeCSSStyle();
-        panel.tableViewSelectionDidChange();
-        QCOMPARE(panel.numberOfRowsInTableView(), 0);
-    }
-
-    void aMissingFolderIsAnEmptyListAndAddingCreatesIt()
-    {
-        QVERIFY(!QFileInfo::exists(AppPaths::cssStyleFolder()));
         CSSStykeController panel(*m_defaults);
         QCOMPARE(panel.numberOfRowsInTableView(), 0);
-        QCOMPARE(chosen(), QStringLiteral("Standard.css"));
         QVERIFY(!m_defaults->hasStoredValue(Settings::SelectedCSSStyle));
-
         QTemporaryDir elsewhere;
         const QString mine = elsewhere.filePath(QStringLiteral("Mine.css"));
         writeBytes(mine, "body{color:#333}");
         panel.copyStylesIntoFolder({mine});
         QCOMPARE(panel.displayItems(), QStringList{QStringLiteral("Mine.css")});
         QCOMPARE(chosen(), QStringLiteral("Mine.css"));
+
+        panel.removeCSSStyle();
+        QCOMPARE(panel.numberOfRowsInTableView(), 0);
+        QCOMPARE(panel.cssStyleTable()->currentRow(), -1);
+        // Nothing left to choose: the last choice stays stored, and removing again only beeps.
+        QCOMPARE(chosen(), QStringLiteral("Mine.css"));
+        panel.removeCSSStyle();
+        QCOMPARE(panel.numberOfRowsInTableView(), 0);
     }
 
     void addingKeepsAnExistingStyleOfTheSameName()
@@ -171,8 +145,6 @@ private Q_SLOTS:
         QFileDialog *dialog = panel.openFileDialog();
         QVERIFY(dialog);
         QCOMPARE(dialog->windowModality(), Qt::WindowModal);
-        QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFiles);
-        QCOMPARE(dialog->windowTitle(), qtTrId("CSSSTYLE_COPY_TITLE"));
         QVERIFY(dialog->windowTitle() != QStringLiteral("CSSSTYLE_COPY_TITLE"));
         QVERIFY(dialog->nameFilters().join(QString()).contains(QStringLiteral("*.css")));
         // A second click brings the open sheet forward rather than stacking another.
@@ -226,7 +198,6 @@ private Q_SLOTS:
         QVERIFY(!panel.cssStyleTable()->accessibleName().isEmpty());
         QVERIFY(!panel.cssStyleTable()->toolTip().isEmpty());
         const auto buttons = panel.findChildren<QToolButton *>();
-        QCOMPARE(buttons.size(), 3);
         for (QToolButton *button : buttons) {
             QVERIFY(!button->accessibleName().isEmpty());
             QVERIFY(!button->toolTip().isEmpty());

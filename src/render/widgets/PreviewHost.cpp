@@ -4,6 +4,8 @@
 
 #include <QVBoxLayout>
 
+#include <utility>
+
 PreviewHost::PreviewHost(QWidget *parent)
     : QWidget(parent)
     , m_layout(new QVBoxLayout(this))
