@@ -88,9 +88,9 @@ class TestMainWindow : public QObject
     // once the newest text is converted.
     QString builtPage()
     {
-        if (!QTest::qWaitFor([this] { return !m_app->preview()->isPending(); }, 30000))
+        if (!QTest::qWaitFor([this] { return !app()->preview()->isPending(); }, 30000))
             return QStringLiteral("(the preview was not built)");
-        return m_app->preview()->lastPageHtml();
+        return app()->preview()->lastPageHtml();
     }
 
     // Shows the preview long enough to read its page, then returns to the editor.
@@ -290,7 +290,7 @@ private Q_SLOTS:
         QCOMPARE(found.size(), 1);
         QTest::mouseClick(table->viewport(), Qt::LeftButton, {},
                           table->visualItemRect(found.first()).center());
-        html = preview->lastPageHtml();
+        html = builtPage();
         QVERIFY(html.contains(night) && !html.contains(standard));
         QVERIFY(html.contains("<em>word</em>") && html.contains(base));
         styles->hide();
@@ -350,7 +350,7 @@ private Q_SLOTS:
         startApp();
         clickEntry("Alpha.txt");
         editor()->setSelectedRange(6, 4);
-        const QDateTime loadedDate = entries()->lastModificationDateOfCurrentFile();
+        const QDateTime loadedDate = entries()->document().stamp().modified;
 
         QEvent leave(QEvent::WindowDeactivate);
         QApplication::sendEvent(window(), &leave);
@@ -364,7 +364,7 @@ private Q_SLOTS:
         QCOMPARE(editor()->string(), QString("Alpha *changed* elsewhere"));
         QCOMPARE(editor()->selectedRange(), qMakePair(6, 4));
         QCOMPARE(window()->wordCounter()->text(), QString("3:25"));
-        QVERIFY(app()->preview()->lastPageHtml().contains("<em>changed</em>"));
+        QVERIFY(pageShownInPreview().contains("<em>changed</em>"));
         QCOMPARE(entries()->listofFiles(), QStringList({"0-added.txt", "Alpha.txt", "Beta.txt"}));
         QCOMPARE(entries()->selectedFileName(), QString("Alpha.txt"));
         // The reload is no edit: nothing is waiting to be written back.
@@ -435,7 +435,7 @@ private Q_SLOTS:
 
         // The entry being written is previewed with its own base, selected or not.
         QTest::mouseClick(window()->previewModeButton(), Qt::LeftButton);
-        const QString html = app()->preview()->lastPageHtml();
+        const QString html = builtPage();
         QVERIFY2(html.contains("<em>words</em>"), qPrintable(html.right(200)));
         QVERIFY(html.contains("Journal%20Notes/Fresh%20idea/\">"));
     }

@@ -4,6 +4,7 @@
 #include "core/UserDefaults.h"
 #include "editor/TabActionStore.h"
 #include "editor/TextEditorModel.h"
+#include "editor/widgets/EditorCommands.h"
 #include "editor/widgets/Vellox_EnhancedTextView.h"
 #include "support/TestHome.h"
 
