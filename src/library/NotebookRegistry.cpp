@@ -65,7 +65,11 @@ QImage NotebookRegistry::iconForFolder(const QString &folder)
 {
     if (folder.isEmpty())
         return QImage();
-    QImageReader reader(iconPathForFolder(folder));
+    // QImageReader tries a dozen suffixes on a missing file: look once instead.
+    const QString path = iconPathForFolder(folder);
+    if (!QFileInfo::exists(path))
+        return QImage();
+    QImageReader reader(path);
     return reader.read();
 }
 

@@ -87,7 +87,6 @@ bool AppController::awakeFromNib()
     wireWindow();
     observeNotifications();
     m_fullscreenActive = false;
-    startTheGame();
     return true;
 }
 
@@ -281,9 +280,9 @@ void AppController::observeNotifications()
 
 void AppController::startTheGame()
 {
+    // Building the menus publishes the current notebook, and that lists its entries: once.
     diaryMenuInit();
     m_window->sideBar()->clearSelection();
-    loadFilesForSelectedNoticeBlock();
     reportDamagedSettings();
 }
 

@@ -36,7 +36,8 @@ public:
     ~AppController() override;
 
     // Builds the window and runs the first-run panel when no notebook exists. Returns false
-    // when the user cancelled the first run (the app then ends with status 0).
+    // when the user cancelled the first run (the app then ends with status 0). The notebook
+    // is listed by startTheGame(), once the window shows.
     bool awakeFromNib();
     void startTheGame();
 

@@ -60,6 +60,10 @@ bool Startup::launch()
     // Nothing is open yet: the window starts where an entry begins, at its title.
     m_controller->window()->titleField()->setFocus();
     m_controller->window()->show();
+    // The window is on screen before the notebook is listed: a notebook of thousands of
+    // entries fills it a moment later instead of keeping it from appearing.
+    m_controller->window()->repaint();
+    m_controller->startTheGame();
     return true;
 }
 
