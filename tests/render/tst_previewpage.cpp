@@ -44,38 +44,35 @@ private Q_SLOTS:
                                              "--></style></head><p>100%@ %2</p></html>")));
     }
 
-    void basePathForBareFilesDropsTheExtensionAndEscapes()
+    // Bare files: the attachment folder is the entry's name without its extension. Bundles:
+    // after loading the path is the text file inside, so the bundle is the base; on a style
+    // reload it is the bundle itself, so the notebook is.
+    void basePaths_data()
     {
-        QCOMPARE(PreviewPage::basePath(QStringLiteral("/home/u/Diary/My day.txt"),
-                                       QStringLiteral("txt")),
-                 QStringLiteral("/home/u/Diary/My%20day"));
-        QCOMPARE(PreviewPage::basePath(QStringLiteral("/home/u/Tagebuch/Größe & Café.md"),
-                                       QStringLiteral("md")),
-                 QStringLiteral("/home/u/Tagebuch/Gr%C3%B6%C3%9Fe%20%26%20Caf%C3%A9"));
-        // Characters that would end the path inside a URL stay part of the name.
-        QCOMPARE(
-            PreviewPage::basePath(QStringLiteral("/n/Plan #2? 100%.txt"), QStringLiteral("txt")),
-            QStringLiteral("/n/Plan%20%232%3F%20100%25"));
-        // A dot in a folder name is not an extension, nor is a leading dot.
-        QCOMPARE(PreviewPage::basePath(QStringLiteral("/n/v1.2/entry"), QStringLiteral("txt")),
-                 QStringLiteral("/n/v1.2/entry"));
-        QCOMPARE(PreviewPage::basePath(QStringLiteral("/n/.hidden"), QStringLiteral("txt")),
-                 QStringLiteral("/n/.hidden"));
-        QCOMPARE(PreviewPage::basePath(QString(), QStringLiteral("txt")), QString());
+        QTest::addColumn<QString>("entry");
+        QTest::addColumn<QString>("extension");
+        QTest::addColumn<QString>("base");
+        addRow("blank", QString("/home/u/Diary/My day.txt"), QString("txt"),
+               QString("/home/u/Diary/My%20day"));
+        addRow("non-ASCII", QString("/home/u/Tagebuch/Größe & Café.md"), QString("md"),
+               QString("/home/u/Tagebuch/Gr%C3%B6%C3%9Fe%20%26%20Caf%C3%A9"));
+        addRow("URL delimiters", QString("/n/Plan #2? 100%.txt"), QString("txt"),
+               QString("/n/Plan%20%232%3F%20100%25"));
+        addRow("dot in a folder", QString("/n/v1.2/entry"), QString("txt"),
+               QString("/n/v1.2/entry"));
+        addRow("leading dot", QString("/n/.hidden"), QString("txt"), QString("/n/.hidden"));
+        addRow("no entry", QString(), QString("txt"), QString());
+        addRow("bundle text", QString("/n/Trip to Rome.textbundle/text.md"), QString("textbundle"),
+               QString("/n/Trip%20to%20Rome.textbundle/"));
+        addRow("bundle itself", QString("/n/Trip to Rome.textbundle"), QString("textbundle"),
+               QString("/n/"));
     }
-
-    void basePathForTextBundlesDependsOnWhichPathIsGiven()
+    void basePaths()
     {
-        // After loading, the path is the text file inside the bundle: the bundle is the base.
-        QCOMPARE(PreviewPage::basePath(QStringLiteral("/n/Trip to Rome.textbundle/text.md"),
-                                       QStringLiteral("textbundle")),
-                 QStringLiteral("/n/Trip%20to%20Rome.textbundle/"));
-        // On a style reload it is the bundle itself, so the notebook becomes the base.
-        QCOMPARE(PreviewPage::basePath(QStringLiteral("/n/Trip to Rome.textbundle"),
-                                       QStringLiteral("textbundle")),
-                 QStringLiteral("/n/"));
-        QCOMPARE(PreviewPage::baseUrl(QStringLiteral("/n/Trip%20to%20Rome.textbundle/")),
-                 QUrl(QStringLiteral("file:///n/Trip to Rome.textbundle//")));
+        QFETCH(QString, entry);
+        QFETCH(QString, extension);
+        QFETCH(QString, base);
+        QCOMPARE(PreviewPage::basePath(entry, extension), base);
     }
 
     void noEntryGivesTheRootBase()
@@ -87,6 +84,8 @@ private Q_SLOTS:
         QVERIFY(page.contains(QStringLiteral("<!--body{color:red}-->")));
         QVERIFY(page.endsWith(QStringLiteral("</head><p>x</p></html>")));
         QCOMPARE(PreviewPage::baseUrl(QString()), QUrl(QStringLiteral("file:///")));
+        QCOMPARE(PreviewPage::baseUrl(QStringLiteral("/n/Trip%20to%20Rome.textbundle/")),
+                 QUrl(QStringLiteral("file:///n/Trip to Rome.textbundle//")));
     }
 
     void styleTextFollowsTheChosenStyle()
