@@ -237,8 +237,6 @@ private Q_SLOTS:
         for (int language : {0, 8, -3}) {
             TaskController controller;
             const QString html = controller.convert(language, QStringLiteral("\"quoted\""));
-            QVERIFY(controller.phpScriptPath().endsWith(QStringLiteral("/smark.php")));
-            QCOMPARE(controller.phpLaunchPath(), QStringLiteral("/usr/bin/php"));
             QVERIFY2(html.contains(QStringLiteral("“quoted”")), qPrintable(html));
         }
     }

@@ -2,7 +2,6 @@
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
 #include "core/UserDefaults.h"
-#include "render/StyleFolderSeeder.h"
 #include "render/widgets/CSSStykeController.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
@@ -27,10 +26,15 @@ private:
 
     QString chosen() const { return m_defaults->value(Settings::SelectedCSSStyle); }
 
-    static void seedShippedStyles()
+    // A style folder of our own, so the expectations do not hang on what ships.
+    static const inline QStringList kStyles{"Contrast.css", "Night.css", "Standard.css",
+                                            "White.css"};
+    static QString styleFile(const QString &name) { return AppPaths::cssStyleFolder() + name; }
+    static void writeStyles()
     {
-        QVERIFY(StyleFolderSeeder::seed(AppPaths::cssStyleFolder(),
-                                        QStringLiteral(VELLOX_SOURCE_RESOURCES "/styles")));
+        QDir().mkpath(AppPaths::cssStyleFolder());
+        for (const QString &name : kStyles)
+            writeBytes(styleFile(name), "/* " + name.toUtf8() + " */ body{}");
     }
 
 private Q_SLOTS:
@@ -45,7 +49,7 @@ private Q_SLOTS:
     {
         TestHome::instance()->reset();
         m_defaults = std::make_unique<UserDefaults>(TestHome::instance()->path() +
-                                                    QStringLiteral("/home/styles.conf"));
+                                                    QString("/home/styles.conf"));
         m_defaults->registerDefaults(UserDefaults::defaultsTable());
         m_reloads = 0;
     }
@@ -53,11 +57,12 @@ private Q_SLOTS:
 
     void firstStartSelectsStandard()
     {
-        seedShippedStyles();
+        writeStyles();
         CSSStykeController panel(*m_defaults);
-        QCOMPARE(panel.cssStyleTable()->count(), panel.numberOfRowsInTableView());
-        QCOMPARE(panel.cssStyleTable()->currentItem()->text(), QStringLiteral("Standard.css"));
-        QCOMPARE(chosen(), QStringLiteral("Standard.css"));
+        QCOMPARE(panel.numberOfRowsInTableView(), int(kStyles.size()));
+        QCOMPARE(panel.cssStyleTable()->count(), int(kStyles.size()));
+        QCOMPARE(panel.cssStyleTable()->currentItem()->text(), QString("Standard.css"));
+        QCOMPARE(chosen(), QString("Standard.css"));
         // Loading the list is a selection like any other: stored and announced once.
         QVERIFY(m_defaults->hasStoredValue(Settings::SelectedCSSStyle));
         QCOMPARE(m_reloads, 1);
@@ -65,52 +70,51 @@ private Q_SLOTS:
 
     void selectingARowStoresAndAnnouncesIt()
     {
-        seedShippedStyles();
-        m_defaults->setValue(Settings::SelectedCSSStyle, QStringLiteral("Delicious White.css"));
+        writeStyles();
+        m_defaults->setValue(Settings::SelectedCSSStyle, QString("White.css"));
         CSSStykeController panel(*m_defaults);
-        QCOMPARE(panel.cssStyleTable()->currentItem()->text(),
-                 QStringLiteral("Delicious White.css"));
-        const int night = panel.displayItems().indexOf(QStringLiteral("Standard Night.css"));
+        QCOMPARE(panel.cssStyleTable()->currentItem()->text(), QString("White.css"));
+        const int night = panel.displayItems().indexOf(QString("Night.css"));
         m_reloads = 0;
         panel.cssStyleTable()->setCurrentRow(night);
-        QCOMPARE(chosen(), QStringLiteral("Standard Night.css"));
+        QCOMPARE(chosen(), QString("Night.css"));
         QCOMPARE(m_reloads, 1);
         // Reloading keeps the choice.
         panel.loadItems();
         QCOMPARE(panel.cssStyleTable()->currentRow(), night);
-        QCOMPARE(chosen(), QStringLiteral("Standard Night.css"));
+        QCOMPARE(chosen(), QString("Night.css"));
     }
 
     void removingTheChosenStyleFallsBackToTheFirst()
     {
-        seedShippedStyles();
-        m_defaults->setValue(Settings::SelectedCSSStyle, QStringLiteral("Standard Night.css"));
+        writeStyles();
+        m_defaults->setValue(Settings::SelectedCSSStyle, QString("Night.css"));
         CSSStykeController panel(*m_defaults);
         m_reloads = 0;
         panel.removeCSSStyle();
-        QVERIFY(!QFile::exists(AppPaths::cssStyleFolder() + QStringLiteral("Standard Night.css")));
-        QCOMPARE(panel.numberOfRowsInTableView(), 3);
-        QVERIFY(!panel.displayItems().contains(QStringLiteral("Standard Night.css")));
+        QVERIFY(!QFile::exists(styleFile("Night.css")));
+        QCOMPARE(panel.numberOfRowsInTableView(), int(kStyles.size()) - 1);
+        QVERIFY(!panel.displayItems().contains(QString("Night.css")));
         QCOMPARE(panel.cssStyleTable()->currentRow(), 0);
         QCOMPARE(chosen(), panel.tableView(0));
         QCOMPARE(m_reloads, 1);
         // The file is recoverable from the trash.
-        QDir trash(TestHome::instance()->path() + QStringLiteral("/home/.local/share/Trash/files"));
-        QVERIFY(trash.exists(QStringLiteral("Standard Night.css")));
+        QDir trash(TestHome::instance()->path() + QString("/home/.local/share/Trash/files"));
+        QVERIFY(trash.exists(QString("Night.css")));
     }
 
     void removingEverythingLeavesAnEmptyListThatStillWorks()
     {
         QDir().mkpath(AppPaths::cssStyleFolder());
-        writeBytes(AppPaths::cssStyleFolder() + QStringLiteral("Only.css"), "body{}");
+        writeBytes(styleFile("Only.css"), "body{}");
         CSSStykeController panel(*m_defaults);
-        QCOMPARE(chosen(), QStringLiteral("Only.css"));
+        QCOMPARE(chosen(), QString("Only.css"));
         QVERIFY(panel.findChildren<QToolButton *>().size() >= 2);
         panel.removeCSSStyle();
         QCOMPARE(panel.numberOfRowsInTableView(), 0);
         QCOMPARE(panel.cssStyleTable()->currentRow(), -1);
         // Nothing left to choose: the last choice stays stored, and removing again only beeps.
-        QCOMPARE(chosen(), QStringLiteral("Only.css"));
+        QCOMPARE(chosen(), QString("Only.css"));
         panel.removeCSSStyle();
         panel.tableViewSelectionDidChange();
         QCOMPARE(panel.numberOfRowsInTableView(), 0);
@@ -121,44 +125,41 @@ private Q_SLOTS:
         QVERIFY(!QFileInfo::exists(AppPaths::cssStyleFolder()));
         CSSStykeController panel(*m_defaults);
         QCOMPARE(panel.numberOfRowsInTableView(), 0);
-        QCOMPARE(chosen(), QStringLiteral("Standard.css"));
+        QCOMPARE(chosen(), QString("Standard.css"));
         QVERIFY(!m_defaults->hasStoredValue(Settings::SelectedCSSStyle));
 
         QTemporaryDir elsewhere;
-        const QString mine = elsewhere.filePath(QStringLiteral("Mine.css"));
+        const QString mine = elsewhere.filePath(QString("Mine.css"));
         writeBytes(mine, "body{color:#333}");
         panel.copyStylesIntoFolder({mine});
-        QCOMPARE(panel.displayItems(), QStringList{QStringLiteral("Mine.css")});
-        QCOMPARE(chosen(), QStringLiteral("Mine.css"));
+        QCOMPARE(panel.displayItems(), QStringList{QString("Mine.css")});
+        QCOMPARE(chosen(), QString("Mine.css"));
     }
 
     void addingKeepsAnExistingStyleOfTheSameName()
     {
-        seedShippedStyles();
-        const QString standard = AppPaths::cssStyleFolder() + QStringLiteral("Standard.css");
-        const QByteArray shipped = readBytes(standard);
-        QVERIFY(!shipped.isEmpty());
+        writeStyles();
+        const QString standard = styleFile("Standard.css");
+        const QByteArray ours = readBytes(standard);
         CSSStykeController panel(*m_defaults);
 
         QTemporaryDir elsewhere;
-        writeBytes(elsewhere.filePath(QStringLiteral("Standard.css")), "body{color:red}");
-        writeBytes(elsewhere.filePath(QStringLiteral("Paper.css")), "body{background:#fffdf5}");
-        writeBytes(elsewhere.filePath(QStringLiteral("notes.txt")), "not a style");
-        panel.copyStylesIntoFolder({elsewhere.filePath(QStringLiteral("Standard.css")),
-                                    elsewhere.filePath(QStringLiteral("Paper.css")),
-                                    elsewhere.filePath(QStringLiteral("notes.txt")),
-                                    elsewhere.filePath(QStringLiteral("missing.css"))});
-        QCOMPARE(readBytes(standard), shipped);
-        QCOMPARE(readBytes(AppPaths::cssStyleFolder() + QStringLiteral("Paper.css")),
-                 QByteArray("body{background:#fffdf5}"));
-        QVERIFY(!QFile::exists(AppPaths::cssStyleFolder() + QStringLiteral("notes.txt")));
-        QCOMPARE(panel.numberOfRowsInTableView(), 5);
-        QCOMPARE(chosen(), QStringLiteral("Standard.css"));
+        writeBytes(elsewhere.filePath(QString("Standard.css")), "body{color:red}");
+        writeBytes(elsewhere.filePath(QString("Paper.css")), "body{background:#fffdf5}");
+        writeBytes(elsewhere.filePath(QString("notes.txt")), "not a style");
+        panel.copyStylesIntoFolder(
+            {elsewhere.filePath(QString("Standard.css")), elsewhere.filePath(QString("Paper.css")),
+             elsewhere.filePath(QString("notes.txt")), elsewhere.filePath(QString("missing.css"))});
+        QCOMPARE(readBytes(standard), ours);
+        QCOMPARE(readBytes(styleFile("Paper.css")), QByteArray("body{background:#fffdf5}"));
+        QVERIFY(!QFile::exists(styleFile("notes.txt")));
+        QCOMPARE(panel.numberOfRowsInTableView(), int(kStyles.size()) + 1);
+        QCOMPARE(chosen(), QString("Standard.css"));
     }
 
     void addOpensASheetForStyleSheetsOnly()
     {
-        seedShippedStyles();
+        writeStyles();
         CSSStykeController panel(*m_defaults);
         panel.showCSSStyleSelectorHudPanel();
         QVERIFY(QTest::qWaitForWindowExposed(&panel));
@@ -167,50 +168,50 @@ private Q_SLOTS:
         QVERIFY(dialog);
         QCOMPARE(dialog->windowModality(), Qt::WindowModal);
         QCOMPARE(dialog->fileMode(), QFileDialog::ExistingFiles);
-        QVERIFY(dialog->nameFilters().join(QString()).contains(QStringLiteral("*.css")));
+        QVERIFY(dialog->nameFilters().join(QString()).contains(QString("*.css")));
         // A second click brings the open sheet forward rather than stacking another.
         panel.addNewCSSStyle();
         QCOMPARE(panel.findChildren<QFileDialog *>().size(), 1);
 
         QTemporaryDir elsewhere;
-        writeBytes(elsewhere.filePath(QStringLiteral("Chosen.css")), "h1{}");
+        writeBytes(elsewhere.filePath(QString("Chosen.css")), "h1{}");
         dialog->setDirectory(elsewhere.path());
-        dialog->selectFile(elsewhere.filePath(QStringLiteral("Chosen.css")));
+        dialog->selectFile(elsewhere.filePath(QString("Chosen.css")));
         QMetaObject::invokeMethod(dialog, "accept");
-        QVERIFY(panel.displayItems().contains(QStringLiteral("Chosen.css")));
+        QVERIFY(panel.displayItems().contains(QString("Chosen.css")));
     }
 
     void changesMadeOutsideShowAtOnce()
     {
-        seedShippedStyles();
+        writeStyles();
         CSSStykeController panel(*m_defaults);
         m_reloads = 0;
         // A style dropped into the folder by hand joins the list.
-        writeBytes(AppPaths::cssStyleFolder() + QStringLiteral("Handmade.css"), "body{}");
-        QTRY_VERIFY(panel.displayItems().contains(QStringLiteral("Handmade.css")));
-        QCOMPARE(chosen(), QStringLiteral("Standard.css"));
+        writeBytes(styleFile("Handmade.css"), "body{}");
+        QTRY_VERIFY(panel.displayItems().contains(QString("Handmade.css")));
+        QCOMPARE(chosen(), QString("Standard.css"));
         QTRY_COMPARE(m_reloads, 1);
 
         // Editing the chosen style in a text editor restyles the preview, also when the
         // editor saves by replacing the file.
         m_reloads = 0;
-        const QString standard = AppPaths::cssStyleFolder() + QStringLiteral("Standard.css");
+        const QString standard = styleFile("Standard.css");
         QFile file(standard);
         QVERIFY(file.open(QIODevice::Append));
         file.write("\nh1{color:teal}");
         file.close();
         QTRY_COMPARE(m_reloads, 1);
         m_reloads = 0;
-        writeBytes(standard + QStringLiteral(".tmp"), "body{}");
+        writeBytes(standard + QString(".tmp"), "body{}");
         QVERIFY(QFile::remove(standard));
-        QVERIFY(QFile::rename(standard + QStringLiteral(".tmp"), standard));
+        QVERIFY(QFile::rename(standard + QString(".tmp"), standard));
         QTRY_COMPARE(m_reloads, 1);
         QFile again(standard);
         QVERIFY(again.open(QIODevice::Append));
         again.write("\np{}");
         again.close();
         QTRY_COMPARE(m_reloads, 2);
-        QCOMPARE(panel.numberOfRowsInTableView(), 5);
+        QCOMPARE(panel.numberOfRowsInTableView(), int(kStyles.size()) + 1);
     }
 
     void everyControlIsLabelled()

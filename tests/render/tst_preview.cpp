@@ -376,20 +376,6 @@ private Q_SLOTS:
         QTRY_VERIFY(shownLuminance(controller) < 80);
     }
 
-    void styleReloadWithoutEntryUsesTheRootBase()
-    {
-        PreviewController controller(*m_defaults);
-        controller.setConverter([](int, const QString &text) { return text; });
-        controller.setEditorTextProvider([] { return QStringLiteral("<p>loose text</p>"); });
-        showAlone(controller);
-        QSignalSpy built(&controller, &PreviewController::pageBuilt);
-        NotificationCenter::defaultCenter().post(Notifications::CSSStyleChangePerformReload);
-        QVERIFY(built.wait());
-        QVERIFY(controller.lastPageHtml().contains(QStringLiteral("<base href=\"file:///\">")));
-        QVERIFY(controller.lastPageHtml().endsWith(QStringLiteral("<p>loose text</p></html>")));
-        QCOMPARE(controller.lastBaseUrl(), QUrl(QStringLiteral("file:///")));
-    }
-
     void previewIsLabelledForAssistiveTechnology()
     {
         PreviewController controller(*m_defaults);
