@@ -33,7 +33,6 @@ private Q_SLOTS:
         using L = LineCommands;
         addRow("indent, nothing selected: silent", command(L::indentSelectedText), "a|b", 0);
         addRow("de-indent, nothing selected: silent", command(L::deIndentSelectedText), "\ta|", 0);
-        addRow("de-indent leaves inner tabs", command(L::deIndentSelectedText), "⟦a\tb⟧", 0);
         addRow("copy before", command(L::insertSelectedTextBeforeSelection), "a|", 1);
         addRow("copy after", command(L::insertSelectedTextAfterSelection), "a|", 1);
         addRow("copy left", command(L::insertSelectedTextLeftToSelection), "a|", 1);
@@ -58,6 +57,14 @@ private Q_SLOTS:
         QVERIFY(!e.model->canUndo());
     }
 
+    void deIndentLeavesInnerTabs()
+    {
+        StringEditor e("⟦a\tb⟧");
+        LineCommands::deIndentSelectedText(*e.model);
+        QCOMPARE(e.marked(), QString("⟦a\tb⟧"));
+        QVERIFY(!e.model->canUndo());
+    }
+
     void caretMoves_data()
     {
         QTest::addColumn<Command>("run");
@@ -79,6 +86,9 @@ private Q_SLOTS:
                "a\n|\nb\n\nc");
         addRow("hard line break", command(L::moveCursorToTheEndOfParagraphAndPerformHardLineBreak),
                "a|b\nc", "ab  \n|\nc");
+        addRow("hard line break in a list",
+               command(L::moveCursorToTheEndOfParagraphAndPerformHardLineBreak), "- a|b\nc",
+               "- ab  \n|\nc");
     }
     void caretMoves()
     {
@@ -92,6 +102,8 @@ private Q_SLOTS:
         if (e.model->canUndo()) {
             e.model->undo();
             QCOMPARE(e.model->string(), Marked::parse(before).text);
+            e.model->redo();
+            QCOMPARE(e.model->string(), Marked::parse(after).text);
         }
     }
 

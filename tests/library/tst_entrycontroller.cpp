@@ -82,11 +82,10 @@ struct EntryWindow
         else
             editor->insertPlainText(text);
     }
-    void moveCursorToEnd()
+    void append(const QString &text)
     {
-        QTextCursor cursor = editor->textCursor();
-        cursor.movePosition(QTextCursor::End);
-        editor->setTextCursor(cursor);
+        editor->moveCursor(QTextCursor::End);
+        type(text);
     }
 };
 } // namespace
@@ -212,8 +211,7 @@ private Q_SLOTS:
         writeBytes(m_notebook + "Alpha.txt", "Alpha");
         EntryWindow w(m_notebook);
         w.select(0);
-        w.moveCursorToEnd();
-        w.type(" relist");
+        w.append(" relist");
         NotificationCenter::defaultCenter().post(Notifications::ReloadFilesForSelectedNoticeBlock);
         QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha relist"));
         QCOMPARE(w.editor->toPlainText(), QString("Enter a title to write a note"));
@@ -221,8 +219,7 @@ private Q_SLOTS:
 
         // The words go under the extension the entry was loaded with.
         w.select(0);
-        w.moveCursorToEnd();
-        w.type(" more");
+        w.append(" more");
         UserDefaults::standard().setValue(Settings::DefaultFileExtensionForEntries, QString("md"));
         NotificationCenter::defaultCenter().post(Notifications::ReloadFilesForSelectedNoticeBlock);
         QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha relist more"));
@@ -237,8 +234,7 @@ private Q_SLOTS:
         w.select(0);
         QCOMPARE(w.editor->toPlainText(), QString::fromUtf8("Le café du matin"));
         QCOMPARE(w.controller->document().format().encoding, 5);
-        w.moveCursorToEnd();
-        w.type(QString::fromUtf8(" ñ"));
+        w.append(QString::fromUtf8(" ñ"));
         w.controller->flushPendingSave();
         QCOMPARE(readBytes(m_notebook + QString::fromUtf8("Café.txt")),
                  QByteArray("Le caf\xE9 du matin \xF1"));
@@ -387,8 +383,7 @@ private Q_SLOTS:
         writeBytes(m_notebook + "Beta.txt", "Beta");
         EntryWindow w(m_notebook);
         w.select(0);
-        w.moveCursorToEnd();
-        w.type(" and more");
+        w.append(" and more");
         // The folder goes away under us (an unplugged disk, a sync client): no save can work.
         const QString away = m_dir->path() + "-away";
         QVERIFY(QDir().rename(m_dir->path(), away));
@@ -431,8 +426,7 @@ private Q_SLOTS:
         w.controller->session()->setSaveAsPathChooser(
             [&](const QString &name) { return elsewhere.filePath(name); });
         w.select(0);
-        w.moveCursorToEnd();
-        w.type(" rescued");
+        w.append(" rescued");
         const QString away = m_dir->path() + "-away";
         QVERIFY(QDir().rename(m_dir->path(), away));
         m_answer = 0; // Save As…
@@ -456,8 +450,7 @@ private Q_SLOTS:
         QCOMPARE(w.controller->editor().selectedLocation(), 3);
 
         // Unsaved words here: nothing is written over theirs, and the bar asks.
-        w.moveCursorToEnd();
-        w.type(" mine");
+        w.append(" mine");
         writeBytes(alpha, "Theirs, longer than before");
         QTRY_COMPARE(w.bar->currentTopic(), QString("conflict"));
         QVERIFY(!w.controller->flushPendingSave());
@@ -527,8 +520,7 @@ private Q_SLOTS:
         QCOMPARE(w.counter->text(), QString("0:0"));
         w.select(1);
         QCOMPARE(w.editor->document()->characterCount() - 1, QString::fromUtf8(big).size());
-        w.moveCursorToEnd();
-        w.type("x");
+        w.append("x");
         w.controller->flushPendingSave();
         QCOMPARE(readBytes(m_notebook + "Huge.txt"), big + "x");
     }
@@ -562,8 +554,7 @@ private:
         {
             EntryWindow w(notebook);
             w.select(0);
-            w.moveCursorToEnd();
-            w.type(" words");
+            w.append(" words");
             std::fputs("ready\n", stdout);
             std::fflush(stdout);
             QCoreApplication::exec();
