@@ -283,19 +283,31 @@ private Q_SLOTS:
         QCOMPARE(readBytes(mine), PropertyList::toXml(QVariantMap()));
         QCOMPARE(store->value(Settings::TabActionExternFilePath), mine);
         QVERIFY(store->value(Settings::TabActionUseExternalFile));
-        QCOMPARE(window.pathToTabActionsfile(), mine);
         QVERIFY(window.tableDisplayArray().isEmpty());
         window.addNewStyle();
         QCOMPARE(onDisk(mine), (QVariantMap{{"NewTabAction", "Empty"}}));
-        QCOMPARE(onDisk(), (QVariantMap{{"in", "internal!"}}));
         QCOMPARE(forTheTypingEngine(), onDisk(mine));
 
-        // Choosing an existing file shows its list.
+        // Switched off in the preferences while open: the edit is saved, the other list shows.
+        typeAtEnd(window, " edited");
+        store->setValue(Settings::TabActionUseExternalFile, false);
+        QCOMPARE(onDisk(mine), (QVariantMap{{"NewTabAction", "Empty edited"}}));
+        QCOMPARE(window.tableDisplayArray(), QStringList{"in"});
+        QCOMPARE(onDisk(), (QVariantMap{{"in", "internal!"}}));
+
+        // The path alone does not switch files; switching on again does.
         const QString team = dir.filePath("team.tabActions");
         QVERIFY(TabActionStore::save(team, {{"brb", "be right back"}}));
-        window.useExternalTabActionFile(team);
+        store->setValue(Settings::TabActionExternFilePath, team);
+        QCOMPARE(window.tableDisplayArray(), QStringList{"in"});
+        store->setValue(Settings::TabActionUseExternalFile, true);
         QCOMPARE(window.tableDisplayArray(), QStringList{"brb"});
-        QCOMPARE(window.styleEditTextView()->toPlainText(), QString("be right back"));
+
+        // Choosing an existing file shows its list.
+        window.useExternalTabActionFile(mine);
+        QCOMPARE(window.pathToTabActionsfile(), mine);
+        QCOMPARE(window.tableDisplayArray(), QStringList{"NewTabAction"});
+        QCOMPARE(window.styleEditTextView()->toPlainText(), QString("Empty edited"));
     }
 
     // Whatever happened to the file while the window stayed open or hidden is what the
@@ -316,28 +328,6 @@ private Q_SLOTS:
         QVERIFY(window.tableDisplayArray().isEmpty());
         window.hide();
         QVERIFY(!QFile::exists(internalFile()));
-    }
-
-    void switchingFilesInThePreferencesWhileOpen()
-    {
-        QTemporaryDir dir;
-        const QString external = dir.filePath("x.tabActions");
-        QVERIFY(TabActionStore::save(external, {{"ext", "external"}}));
-        QVERIFY(TabActionStore::save(internalFile(), {{"in", "internal"}}));
-        ShownWindow window(*store);
-        select(window, "in");
-        typeAtEnd(window, " edited");
-
-        store->setValue(Settings::TabActionExternFilePath, external);
-        QCOMPARE(window.pathToTabActionsfile(), internalFile());
-        store->setValue(Settings::TabActionUseExternalFile, true);
-        QCOMPARE(window.pathToTabActionsfile(), external);
-        QCOMPARE(onDisk(), (QVariantMap{{"in", "internal edited"}}));
-        QCOMPARE(window.tableDisplayArray(), QStringList{"ext"});
-
-        store->setValue(Settings::TabActionUseExternalFile, false);
-        QCOMPARE(window.tableDisplayArray(), QStringList{"in"});
-        QCOMPARE(onDisk(external), (QVariantMap{{"ext", "external"}}));
     }
 
     void everyControlIsNamedAndExplained()

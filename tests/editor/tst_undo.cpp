@@ -37,17 +37,6 @@ Action markup(const QString &templateText)
     };
 }
 
-void backspace(TextEditorModel &m)
-{
-    const TextRange s = m.selectedRange();
-    m.userEdit(s.length > 0 ? s : TextRange{s.location - 1, 1}, QString());
-}
-
-QString marked(const TextEditorModel &m)
-{
-    return Marked::render(m.string(), m.selectedRange());
-}
-
 const QString kTyping = QStringLiteral("UNDO_TYPING");
 const QString kText = QStringLiteral("UNDO_TEXT_ACTION");
 const QString kIndent = QStringLiteral("UNDO_INDENTION_CHANGE");
