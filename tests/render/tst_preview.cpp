@@ -105,13 +105,13 @@ private:
     // A notebook folder with an entry whose attachment folder holds a 40x30 picture.
     QString makeEntry(const QString &title)
     {
-        const QString entry = m_notebook + title + QStringLiteral(".txt");
+        const QString entry = m_notebook + title + QString(".txt");
         writeBytes(entry, QByteArray());
         const QString attachments = m_notebook + title;
         QDir().mkpath(attachments);
         QImage picture(40, 30, QImage::Format_RGB32);
         picture.fill(Qt::red);
-        picture.save(attachments + QStringLiteral("/pic.png"));
+        picture.save(attachments + QString("/pic.png"));
         return entry;
     }
 
@@ -131,13 +131,13 @@ private Q_SLOTS:
     void init()
     {
         TestHome::instance()->reset();
-        m_notebook = TestHome::instance()->path() + QStringLiteral("/home/Mein Tagebuch/");
+        m_notebook = TestHome::instance()->path() + QString("/home/Mein Tagebuch/");
         QDir().mkpath(m_notebook);
         m_defaults = std::make_unique<UserDefaults>(TestHome::instance()->path() +
-                                                    QStringLiteral("/home/preview.conf"));
+                                                    QString("/home/preview.conf"));
         m_defaults->registerDefaults(UserDefaults::defaultsTable());
         QVERIFY(StyleFolderSeeder::seed(AppPaths::cssStyleFolder(),
-                                        QStringLiteral(VELLOX_SOURCE_RESOURCES "/styles")));
+                                        QString(VELLOX_SOURCE_RESOURCES "/styles")));
     }
 
     void cleanup() { m_defaults.reset(); }
@@ -158,11 +158,11 @@ private Q_SLOTS:
         QSignalSpy built(&controller, &PreviewController::pageBuilt);
         QSignalSpy shown(&controller, &PreviewController::pageShown);
 
-        const QString entry = makeEntry(QStringLiteral("Hidden"));
-        controller.renderText(QStringLiteral("<p id=\"t\">first</p>"), entry);
-        controller.renderText(QStringLiteral("<p id=\"t\">second</p>"), entry);
+        const QString entry = makeEntry(QString("Hidden"));
+        controller.renderText(QString("<p id=\"t\">first</p>"), entry);
+        controller.renderText(QString("<p id=\"t\">second</p>"), entry);
         controller.reloadPreviewWithNewCSSStyle();
-        controller.renderText(QStringLiteral("<p id=\"t\">third</p>"), entry);
+        controller.renderText(QString("<p id=\"t\">third</p>"), entry);
         QVERIFY(!built.wait(300));
         QVERIFY(converter.texts().isEmpty());
         QVERIFY(controller.isPending());
@@ -172,25 +172,24 @@ private Q_SLOTS:
         // newest text the preview was given.
         controller.contentViewSegmentChanged(1);
         QVERIFY(built.wait());
-        QCOMPARE(converter.texts(), QStringList{QStringLiteral("<p id=\"t\">third</p>")});
+        QCOMPARE(converter.texts(), QStringList{QString("<p id=\"t\">third</p>")});
         QCOMPARE(stack.findChildren<QWebEngineView *>().size(), 1);
         QVERIFY(waitForPage(shown));
-        QCOMPARE(evaluate(controller, QStringLiteral("document.getElementById('t').textContent")),
-                 QVariant(QStringLiteral("third")));
+        QCOMPARE(evaluate(controller, QString("document.getElementById('t').textContent")),
+                 QVariant(QString("third")));
         // Relative links resolve in the entry's attachment folder.
-        QCOMPARE(controller.lastBaseUrl(),
-                 QUrl::fromLocalFile(m_notebook + QStringLiteral("Hidden/")));
+        QCOMPARE(controller.lastBaseUrl(), QUrl::fromLocalFile(m_notebook + QString("Hidden/")));
 
         // Hidden again: texts wait again, and the view stays for the next showing.
         controller.contentViewSegmentChanged(0);
-        controller.renderText(QStringLiteral("<p id=\"t\">fourth</p>"), entry);
+        controller.renderText(QString("<p id=\"t\">fourth</p>"), entry);
         QVERIFY(!built.wait(300));
         QCOMPARE(converter.texts().size(), 1);
         controller.contentViewSegmentChanged(1);
         QVERIFY(built.wait());
         QVERIFY(waitForPage(shown));
-        QCOMPARE(evaluate(controller, QStringLiteral("document.getElementById('t').textContent")),
-                 QVariant(QStringLiteral("fourth")));
+        QCOMPARE(evaluate(controller, QString("document.getElementById('t').textContent")),
+                 QVariant(QString("fourth")));
         QCOMPARE(stack.findChildren<QWebEngineView *>().size(), 1);
     }
 
@@ -200,16 +199,16 @@ private Q_SLOTS:
     {
         PreviewController controller(*m_defaults);
         RecordingConverter converter;
-        converter.holdBack = QStringLiteral("<p>slow</p>");
+        converter.holdBack = QString("<p>slow</p>");
         controller.setConverter(converter.function());
         showAlone(controller);
         QSignalSpy built(&controller, &PreviewController::pageBuilt);
 
-        controller.renderText(QStringLiteral("<p>slow</p>"), QString());
+        controller.renderText(QString("<p>slow</p>"), QString());
         QTRY_COMPARE(converter.texts().size(), 1);
         // The window answers while the converter is busy.
-        controller.renderText(QStringLiteral("<p>skipped</p>"), QString());
-        controller.renderText(QStringLiteral("<p>newest</p>"), QString());
+        controller.renderText(QString("<p>skipped</p>"), QString());
+        controller.renderText(QString("<p>newest</p>"), QString());
         QCoreApplication::processEvents();
         QVERIFY(built.isEmpty());
         converter.gate.release();
@@ -217,23 +216,23 @@ private Q_SLOTS:
         QVERIFY(built.wait());
         QVERIFY(!built.wait(300));
         QCOMPARE(built.size(), 1);
-        QVERIFY(built.first().value(0).toString().endsWith(QStringLiteral("<p>newest</p></html>")));
+        QVERIFY(built.first().value(0).toString().endsWith(QString("<p>newest</p></html>")));
         QCOMPARE(converter.texts(),
-                 QStringList({QStringLiteral("<p>slow</p>"), QStringLiteral("<p>newest</p>")}));
+                 QStringList({QString("<p>slow</p>"), QString("<p>newest</p>")}));
         QVERIFY(!controller.isPending());
 
         // An empty page asked for while converting wins the same way.
         {
             QMutexLocker lock(&converter.mutex);
-            converter.holdBack = QStringLiteral("<p>late</p>");
+            converter.holdBack = QString("<p>late</p>");
         }
-        controller.renderText(QStringLiteral("<p>late</p>"), QString());
+        controller.renderText(QString("<p>late</p>"), QString());
         QTRY_COMPARE(converter.texts().size(), 3);
         controller.blank();
         QCOMPARE(built.size(), 2);
         converter.gate.release();
         QVERIFY(!built.wait(300));
-        QVERIFY(!controller.lastPageHtml().contains(QStringLiteral("late")));
+        QVERIFY(!controller.lastPageHtml().contains(QString("late")));
     }
 
     // The real converter of the chosen language, through the conversion thread, into a page
@@ -242,9 +241,9 @@ private Q_SLOTS:
     {
         m_defaults->setValue(Settings::TypographyUseMarkupLanguage, 4);
         const QString text =
-            QStringLiteral("[i]emphasis[/i] and [b]strong[/b]\n[list][*]one[*]two[/list]\n"
-                           "[url=https://example.org/]link[/url]\n[img]pic.png[/img]\n");
-        const QString entry = makeEntry(QStringLiteral("Tag 1 – Café"));
+            QString("[i]emphasis[/i] and [b]strong[/b]\n[list][*]one[*]two[/list]\n"
+                    "[url=https://example.org/]link[/url]\n[img]pic.png[/img]\n");
+        const QString entry = makeEntry(QString("Tag 1 – Café"));
 
         PreviewController controller(*m_defaults);
         showAlone(controller);
@@ -252,18 +251,18 @@ private Q_SLOTS:
         controller.renderText(text, entry);
         QVERIFY(waitForPage(shown));
         QVERIFY(controller.lastPageHtml().contains(
-            QStringLiteral("Mein%20Tagebuch/Tag%201%20%E2%80%93%20Caf%C3%A9/\">")));
+            QString("Mein%20Tagebuch/Tag%201%20%E2%80%93%20Caf%C3%A9/\">")));
 
         const QVariantMap found =
             QJsonDocument::fromJson(
-                evaluate(controller,
-                         QStringLiteral(
-                             "JSON.stringify({em: !!document.querySelector('em,i'),"
-                             "strong: !!document.querySelector('strong,b'),"
-                             "li: document.querySelectorAll('li').length,"
-                             "a: !!document.querySelector('a[href=\"https://example.org/\"]'),"
-                             "img: document.images.length ? document.images[0].naturalWidth : -1"
-                             "})"))
+                evaluate(
+                    controller,
+                    QString("JSON.stringify({em: !!document.querySelector('em,i'),"
+                            "strong: !!document.querySelector('strong,b'),"
+                            "li: document.querySelectorAll('li').length,"
+                            "a: !!document.querySelector('a[href=\"https://example.org/\"]'),"
+                            "img: document.images.length ? document.images[0].naturalWidth : -1"
+                            "})"))
                     .toString()
                     .toUtf8())
                 .toVariant()
@@ -278,33 +277,32 @@ private Q_SLOTS:
     void clickedLinksOpenOutsideAndScriptsNeverRun()
     {
         LinkCatcher catcher;
-        QDesktopServices::setUrlHandler(QStringLiteral("https"), &catcher, "openUrl");
+        QDesktopServices::setUrlHandler(QString("https"), &catcher, "openUrl");
         PreviewController controller(*m_defaults);
         controller.setConverter([](int, const QString &text) { return text; });
         showAlone(controller);
         QSignalSpy shown(&controller, &PreviewController::pageShown);
         controller.renderText(
-            QStringLiteral("<script>document.title = 'ran'; document.body.dataset.ran = 1;"
-                           "</script><a id=\"go\" href=\"https://example.org/away\" "
-                           "style=\"display:block;position:fixed;left:0;top:0;right:0;bottom:0\""
-                           ">away</a>"),
-            makeEntry(QStringLiteral("Links")));
+            QString("<script>document.title = 'ran'; document.body.dataset.ran = 1;"
+                    "</script><a id=\"go\" href=\"https://example.org/away\" "
+                    "style=\"display:block;position:fixed;left:0;top:0;right:0;bottom:0\""
+                    ">away</a>"),
+            makeEntry(QString("Links")));
         QVERIFY(waitForPage(shown));
         PreviewView *view = controller.view()->webView();
-        QVERIFY(view->title() != QStringLiteral("ran"));
-        QCOMPARE(evaluate(controller, QStringLiteral("document.body.dataset.ran === undefined")),
+        QVERIFY(view->title() != QString("ran"));
+        QCOMPARE(evaluate(controller, QString("document.body.dataset.ran === undefined")),
                  QVariant(true));
 
         QSignalSpy opened(view->previewPage(), &PreviewWebPage::externalLinkOpened);
         QVERIFY(view->focusProxy());
         QTest::mouseClick(view->focusProxy(), Qt::LeftButton, {}, QPoint(200, 150));
         QTRY_COMPARE(catcher.urls.size(), 1);
-        QCOMPARE(catcher.urls.first(), QUrl(QStringLiteral("https://example.org/away")));
+        QCOMPARE(catcher.urls.first(), QUrl(QString("https://example.org/away")));
         QCOMPARE(opened.size(), 1);
         // The entry stays on screen.
-        QCOMPARE(evaluate(controller, QStringLiteral("!!document.getElementById('go')")),
-                 QVariant(true));
-        QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
+        QCOMPARE(evaluate(controller, QString("!!document.getElementById('go')")), QVariant(true));
+        QDesktopServices::unsetUrlHandler(QString("https"));
     }
 
     // The engine refuses in-memory pages above 2 MB; such pages come from a private file,
@@ -312,39 +310,37 @@ private Q_SLOTS:
     void pagesOverTwoMegabytesShowFromAFile()
     {
         LinkCatcher catcher;
-        QDesktopServices::setUrlHandler(QStringLiteral("file"), &catcher, "openUrl");
+        QDesktopServices::setUrlHandler(QString("file"), &catcher, "openUrl");
         PreviewController controller(*m_defaults);
         controller.setConverter([](int, const QString &text) { return text; });
         showAlone(controller);
         QSignalSpy shown(&controller, &PreviewController::pageShown);
-        QString text = QStringLiteral("<a href=\"#end\" style=\"display:block;height:300px\">"
-                                      "jump</a><p><img src=\"pic.png\"></p>");
-        const QString paragraph =
-            QStringLiteral("<p>Ein Absatz über alles, was heute geschah.</p>\n");
+        QString text = QString("<a href=\"#end\" style=\"display:block;height:300px\">"
+                               "jump</a><p><img src=\"pic.png\"></p>");
+        const QString paragraph = QString("<p>Ein Absatz über alles, was heute geschah.</p>\n");
         text += paragraph.repeated(3 * 1024 * 1024 / paragraph.toUtf8().size() + 1);
-        text += QStringLiteral("<p id=\"end\">THE END</p>");
-        controller.renderText(text, makeEntry(QStringLiteral("Long day")));
+        text += QString("<p id=\"end\">THE END</p>");
+        controller.renderText(text, makeEntry(QString("Long day")));
         QVERIFY(waitForPage(shown));
         PreviewView *view = controller.view()->webView();
         const QString pageFile = view->lastPageFile();
         QVERIFY(QFileInfo(pageFile).size() > 2 * 1024 * 1024);
-        QCOMPARE(evaluate(controller, QStringLiteral("document.getElementById('end').textContent")),
-                 QVariant(QStringLiteral("THE END")));
-        QCOMPARE(evaluate(controller, QStringLiteral("document.images[0].naturalWidth")).toInt(),
-                 40);
+        QCOMPARE(evaluate(controller, QString("document.getElementById('end').textContent")),
+                 QVariant(QString("THE END")));
+        QCOMPARE(evaluate(controller, QString("document.images[0].naturalWidth")).toInt(), 40);
         QTest::mouseClick(view->focusProxy(), Qt::LeftButton, {}, QPoint(100, 100));
-        QTRY_VERIFY(evaluate(controller, QStringLiteral("window.scrollY")).toInt() > 1000);
+        QTRY_VERIFY(evaluate(controller, QString("window.scrollY")).toInt() > 1000);
         QVERIFY(catcher.urls.isEmpty());
-        QDesktopServices::unsetUrlHandler(QStringLiteral("file"));
+        QDesktopServices::unsetUrlHandler(QString("file"));
 
         // The next, small page loads from memory and the old file is cleaned up.
         shown.clear();
-        controller.renderText(QStringLiteral("<p>short</p>"), QString());
+        controller.renderText(QString("<p>short</p>"), QString());
         QVERIFY(waitForPage(shown));
         QVERIFY(view->lastPageFile().isEmpty());
         QTRY_VERIFY(!QFile::exists(pageFile));
-        QCOMPARE(evaluate(controller, QStringLiteral("document.body.textContent")),
-                 QVariant(QStringLiteral("short")));
+        QCOMPARE(evaluate(controller, QString("document.body.textContent")),
+                 QVariant(QString("short")));
     }
 
     // Choosing the night style in the panel turns what is on screen dark, with the editor's
@@ -352,8 +348,8 @@ private Q_SLOTS:
     void choosingANightStyleDarkensTheShownPage()
     {
         QTextEdit editor;
-        editor.setPlainText(QStringLiteral("<h1>Title</h1><p>Text</p>"));
-        const QString entry = makeEntry(QStringLiteral("Styled"));
+        editor.setPlainText(QString("<h1>Title</h1><p>Text</p>"));
+        const QString entry = makeEntry(QString("Styled"));
         PreviewController controller(*m_defaults);
         controller.setConverter([](int, const QString &text) { return text; });
         controller.setEditorTextProvider([&] { return editor.toPlainText(); });
@@ -366,13 +362,12 @@ private Q_SLOTS:
         QVERIFY(waitForPage(shown));
         QTRY_VERIFY(shownLuminance(controller) > 180);
 
-        editor.setPlainText(QStringLiteral("<h1>Changed since the last page</h1>"));
+        editor.setPlainText(QString("<h1>Changed since the last page</h1>"));
         panel.cssStyleTable()->setCurrentRow(
-            panel.displayItems().indexOf(QStringLiteral("Standard Night.css")));
-        QCOMPARE(m_defaults->value(Settings::SelectedCSSStyle),
-                 QStringLiteral("Standard Night.css"));
+            panel.displayItems().indexOf(QString("Standard Night.css")));
+        QCOMPARE(m_defaults->value(Settings::SelectedCSSStyle), QString("Standard Night.css"));
         QVERIFY(waitForPage(shown));
-        QVERIFY(controller.lastPageHtml().contains(QStringLiteral("Changed since the last page")));
+        QVERIFY(controller.lastPageHtml().contains(QString("Changed since the last page")));
         QTRY_VERIFY(shownLuminance(controller) < 80);
     }
 
