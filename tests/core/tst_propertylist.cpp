@@ -43,17 +43,9 @@ private Q_SLOTS:
         map.insert("b", "x & <y>");
         map.insert("a", QVariantMap());
         const QByteArray xml = PropertyList::toXml(map);
-        QCOMPARE(xml, QByteArray("<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                 "<!DOCTYPE plist PUBLIC \"-//Apple//DTD PLIST 1.0//EN\" "
-                                 "\"http://www.apple.com/DTDs/PropertyList-1.0.dtd\">\n"
-                                 "<plist version=\"1.0\">\n"
-                                 "<dict>\n"
-                                 "\t<key>a</key>\n"
-                                 "\t<dict/>\n"
-                                 "\t<key>b</key>\n"
-                                 "\t<string>x &amp; &lt;y&gt;</string>\n"
-                                 "</dict>\n"
-                                 "</plist>\n"));
+        // Keys sorted, tab indents, empty containers self-closed.
+        QCOMPARE(xml, wrap("<dict>\n\t<key>a</key>\n\t<dict/>\n\t<key>b</key>\n"
+                           "\t<string>x &amp; &lt;y&gt;</string>\n</dict>"));
         QCOMPARE(PropertyList::toXml(QVariantMap()), wrap("<dict/>"));
     }
 

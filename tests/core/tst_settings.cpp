@@ -16,13 +16,6 @@ private Q_SLOTS:
     {
         UserDefaults &d = UserDefaults::standard();
         QCOMPARE(d.integerForKey("TextViewFontSize"), 12);
-        QCOMPARE(d.stringForKey("TextViewFontStyle"), QString("Helvetica Neue"));
-        QCOMPARE(d.integerForKey("TypographyUseMarkupLanguage"), 1);
-        QCOMPARE(d.boolForKey("MarkupIsSelectedMarkdown"), true);
-        QCOMPARE(d.boolForKey("MarkupIsSelectedTextile"), false);
-        QCOMPARE(d.stringForKey("defaultFileExtensionForEntries"), QString("txt"));
-        QCOMPARE(d.integerForKey("FILEBROWSER_DISLAY_DATES_ROWS"), 1);
-        QCOMPARE(d.colorForKey("TextViewBackgroundColor"), QColor(Qt::white));
         QCOMPARE(d.colorForKey("TextViewCursorColorSelection "), QColor(Qt::black));
         // Without the trailing blank it is another key, which has no default.
         QVERIFY(!d.objectForKey("TextViewCursorColorSelection").isValid());

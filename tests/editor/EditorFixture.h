@@ -50,6 +50,18 @@ struct Marked
     }
 };
 
+inline QString marked(const TextEditorModel &m)
+{
+    return Marked::render(m.string(), m.selectedRange());
+}
+
+// Backspace as the key does it: the selection, or the character before the caret.
+inline void backspace(TextEditorModel &m)
+{
+    const TextRange s = m.selectedRange();
+    m.userEdit(s.length ? s : TextRange{s.location - 1, 1}, QString());
+}
+
 // A model over a plain string, with counters for what it asks its view to do.
 class StringEditor
 {
@@ -69,18 +81,14 @@ public:
                          [this] { ++countUpdates; });
     }
 
-    QString marked() const { return Marked::render(model->string(), model->selectedRange()); }
+    QString marked() const { return ::marked(*model); }
     bool type(const QString &text) { return model->insertText(text); }
     void typeEach(const QString &text)
     {
         for (QChar c : text)
             model->insertText(QString(c));
     }
-    void backspace()
-    {
-        const TextRange s = model->selectedRange();
-        model->userEdit(s.length ? s : TextRange{s.location - 1, 1}, QString());
-    }
+    void backspace() { ::backspace(*model); }
 
     std::unique_ptr<TextEditorModel> model;
     int beeps = 0;

@@ -86,6 +86,9 @@ private Q_SLOTS:
                "a\n|\nb\n\nc");
         addRow("hard line break", command(L::moveCursorToTheEndOfParagraphAndPerformHardLineBreak),
                "a|b\nc", "ab  \n|\nc");
+        addRow("hard line break in a list",
+               command(L::moveCursorToTheEndOfParagraphAndPerformHardLineBreak), "- a|b\nc",
+               "- ab  \n|\nc");
     }
     void caretMoves()
     {
@@ -95,6 +98,13 @@ private Q_SLOTS:
         StringEditor e(before);
         QVERIFY(run(*e.model));
         QCOMPARE(e.marked(), after);
+        // The hard line break moves and then types: one Undo takes the typing back.
+        if (e.model->canUndo()) {
+            e.model->undo();
+            QCOMPARE(e.model->string(), Marked::parse(before).text);
+            e.model->redo();
+            QCOMPARE(e.model->string(), Marked::parse(after).text);
+        }
     }
 
     // The commands read through the TextBuffer seam; the document-backed buffer must answer

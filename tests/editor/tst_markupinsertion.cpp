@@ -1,5 +1,4 @@
 #include "EditorFixture.h"
-#include "core/PropertyList.h"
 #include "editor/MarkupInsertion.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
@@ -13,35 +12,42 @@ class TestMarkupInsertion : public QObject
 private Q_SLOTS:
     void init() { TestHome::instance()->reset(); }
 
-    void shippedTableHasEveryLanguage()
+    // Each language's own syntax, as its users write it by hand.
+    void commandsWriteEachLanguagesSyntax_data()
     {
-        const QString path = MarkupInsertion::templateTablePath();
-        QVERIFY2(QFile::exists(path), qPrintable(path));
-        const QVariantMap table = PropertyList::read(path).toMap();
-        QCOMPARE(table.size(), 7);
-        QSet<QString> bolds;
-        for (const QString &name : MarkupInsertion::availableMarkupLanguages()) {
-            const QVariantMap entry = table.value(name).toMap();
-            QVERIFY2(entry.value("bold").toString().contains("{*}"), qPrintable(name));
-            QVERIFY2(entry.value("italic").toString().contains("{*}"), qPrintable(name));
-            QVERIFY(entry.value("bold") != entry.value("italic"));
-            const QVariantList headlines = entry.value("headline").toList();
-            QCOMPARE(headlines.size(), 4);
-            for (const QVariant &h : headlines)
-                QVERIFY2(h.toString().contains("{*}"), qPrintable(name));
-            bolds.insert(entry.value("bold").toString());
-        }
-        QVERIFY(bolds.size() >= 4); // each language in its own syntax
+        QTest::addColumn<int>("language");
+        QTest::addColumn<QString>("bold");
+        QTest::addColumn<QString>("italic");
+        QTest::addColumn<QString>("headline2");
+        addRow("markdown", 1, QString("**x**"), QString("*x*"), QString("## x"));
+        addRow("textile", 2, QString("*x*"), QString("_x_"), QString("h2. x"));
+        addRow("wikitext", 3, QString("'''x'''"), QString("''x''"), QString("== x =="));
+        addRow("bbcode", 4, QString("[b]x[/b]"), QString("[i]x[/i]"), QString());
+        addRow("smark", 5, QString("**x**"), QString("*x*"), QString("## x"));
+        addRow("html", 6, QString("<strong>x</strong>"), QString("<em>x</em>"),
+               QString("<h2>x</h2>"));
+        addRow("multimarkdown", 7, QString("**x**"), QString("*x*"), QString("## x ##"));
+    }
+    void commandsWriteEachLanguagesSyntax()
+    {
+        QFETCH(int, language);
+        QFETCH(QString, bold);
+        QFETCH(QString, italic);
+        QFETCH(QString, headline2);
+        StringEditor b("⟦x⟧"), i("⟦x⟧"), h("⟦x⟧");
+        MarkupInsertion::insertBoldTypeStyle(*b.model, language);
+        MarkupInsertion::insertItalicTypeStyle(*i.model, language);
+        MarkupInsertion::insertHeadlineStyleType(*h.model, language, 2);
+        QCOMPARE(b.model->string(), bold);
+        QCOMPARE(i.model->string(), italic);
+        QVERIFY(b.notices >= 1);
+        if (!headline2.isEmpty())
+            QCOMPARE(h.model->string(), headline2);
     }
 
-    void templateLookupFollowsTheLanguage()
+    void unknownTypesAndLanguagesHaveNoTemplate()
     {
         using M = MarkupInsertion;
-        QCOMPARE(M::markupTemplateForType("bold", 1), QString("**{*}**"));
-        QCOMPARE(M::markupTemplateForType("headline2", 1), QString("## {*}"));
-        QCOMPARE(M::markupTemplateForType("italic", 2), QString("_{*}_"));
-        QCOMPARE(M::markupTemplateForType("headline1", 2), QString("h1. {*}"));
-        QCOMPARE(M::markupTemplateForType("headline4", 6), QString("<h4>{*}</h4>"));
         for (const QString type : {"strike", "headline5", "headline0", "", "Bold"})
             QCOMPARE(M::markupTemplateForType(type, 1), QString());
         for (int language : {0, 8, -1})
@@ -49,12 +55,8 @@ private Q_SLOTS:
         QCOMPARE(M::markupTemplateForType("bold", 1, "/nonexistent.plist"), QString());
     }
 
-    void commandsUseTheGivenLanguage()
+    void emptyTemplatesAndCaretPlacement()
     {
-        StringEditor e("⟦Title⟧");
-        MarkupInsertion::insertBoldTypeStyle(*e.model, 3);
-        QCOMPARE(e.model->string(), QString("'''Title'''"));
-        QVERIFY(e.notices >= 1);
         StringEditor italic("a |");
         MarkupInsertion::insertItalicTypeStyle(*italic.model, 3);
         QCOMPARE(italic.marked(), QString("a ''|''"));

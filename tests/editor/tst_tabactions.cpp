@@ -1,6 +1,5 @@
 #include "core/AppPaths.h"
 #include "core/PropertyList.h"
-#include "core/UserDefaults.h"
 #include "editor/TabActionStore.h"
 #include "editor/TabActionTableModel.h"
 #include "support/TestHelpers.h"
@@ -12,7 +11,6 @@
 #include <QFileInfo>
 #include <QMimeData>
 #include <QSignalSpy>
-#include <QTemporaryDir>
 #include <QtTest>
 
 class TestTabActions : public QObject
@@ -34,15 +32,6 @@ private Q_SLOTS:
                  home + "/Sync/mine.tabActions");
         // Switched on before a file was chosen: the internal list keeps working.
         QCOMPARE(TabActionStore::pathInUse(F{true, "", {}}), internal);
-
-        UserDefaults defaults(TestHome::instance()->path() + "/store.conf");
-        defaults.setValue(Settings::TabActionUseExternalFile, true);
-        defaults.setValue(Settings::TabActionExternFilePath, QString("/x/y.tabActions"));
-        defaults.setValue(Settings::TabActionExternFilePathSecScope, QByteArray("mark"));
-        const F read = F::from(defaults);
-        QVERIFY(read.useExternalFile);
-        QCOMPARE(read.externalPath, QString("/x/y.tabActions"));
-        QCOMPARE(read.bookmark, QByteArray("mark"));
     }
 
     void brokenFilesGiveAnEmptyListAndOneLogLine_data()

@@ -37,17 +37,6 @@ Action markup(const QString &templateText)
     };
 }
 
-void backspace(TextEditorModel &m)
-{
-    const TextRange s = m.selectedRange();
-    m.userEdit(s.length > 0 ? s : TextRange{s.location - 1, 1}, QString());
-}
-
-QString marked(const TextEditorModel &m)
-{
-    return Marked::render(m.string(), m.selectedRange());
-}
-
 const QString kTyping = QStringLiteral("UNDO_TYPING");
 const QString kText = QStringLiteral("UNDO_TEXT_ACTION");
 const QString kIndent = QStringLiteral("UNDO_INDENTION_CHANGE");
@@ -293,10 +282,6 @@ private Q_SLOTS:
         row("markup, empty template removes", "x⟦ab⟧y", markup(""), "x|y", kMarkup);
         row("markup, no placeholder", "a|", markup("<hr>"), "a<hr>|", kMarkup);
         row("markup, surrogates", "⟦😀⟧", markup("**{*}**"), "**😀**|", kMarkup);
-        row(
-            "headline from the language table", "⟦Title⟧",
-            [](TextEditorModel &m) { MarkupInsertion::insertHeadlineStyleType(m, 3, 2); },
-            "== Title ==|", kMarkup);
         row("tag wrap", "⟦div⟧", command(MarkupInsertion::transformSelectedTextToTag),
             "<div>|</div>", kText);
         row("trim lines", "x⟦  a  \n\tb⟧", command(MarkupInsertion::trimLines), "x⟦a\nb⟧", kText);
@@ -356,18 +341,6 @@ private Q_SLOTS:
         if (QTest::currentTestFailed())
             return;
         checkSession(widgetModel("|", options), script);
-    }
-
-    // The hard line break first moves the caret and then types: undo takes back the text.
-    void hardLineBreakUndoes()
-    {
-        StringEditor e("- a|b\nc");
-        LineCommands::moveCursorToTheEndOfParagraphAndPerformHardLineBreak(*e.model);
-        QCOMPARE(e.model->string(), QString("- ab  \n\nc"));
-        e.model->undo();
-        QCOMPARE(e.model->string(), QString("- ab\nc"));
-        e.model->redo();
-        QCOMPARE(e.model->string(), QString("- ab  \n\nc"));
     }
 
     void everyCallSchedulesTheChangeNotice()

@@ -27,7 +27,7 @@ private Q_SLOTS:
     {
         TestHome::instance()->reset();
         m_defaults = std::make_unique<UserDefaults>(TestHome::instance()->path() +
-                                                    QStringLiteral("/home/page.conf"));
+                                                    QString("/home/page.conf"));
         m_defaults->registerDefaults(UserDefaults::defaultsTable());
     }
     void cleanup() { m_defaults.reset(); }
@@ -35,58 +35,56 @@ private Q_SLOTS:
     void fieldsAreFilledInOrderAndVerbatim()
     {
         // Placeholders inside the filled-in texts must survive untouched.
-        const QString page = PreviewPage::pageHtml(QStringLiteral("/n/Entry"),
-                                                   QStringLiteral("p{content:\"%@ %1\"}"),
-                                                   QStringLiteral("<p>100%@ %2</p>"));
-        QVERIFY(page.startsWith(QStringLiteral("<html><head>")));
-        QVERIFY(page.contains(QStringLiteral("<base href=\"file:///n/Entry/\"><style "
-                                             "type=\"text/css\"><!--p{content:\"%@ %1\"}"
-                                             "--></style></head><p>100%@ %2</p></html>")));
+        const QString page = PreviewPage::pageHtml(
+            QString("/n/Entry"), QString("p{content:\"%@ %1\"}"), QString("<p>100%@ %2</p>"));
+        QVERIFY(page.startsWith(QString("<html><head>")));
+        QVERIFY(page.contains(QString("<base href=\"file:///n/Entry/\"><style "
+                                      "type=\"text/css\"><!--p{content:\"%@ %1\"}"
+                                      "--></style></head><p>100%@ %2</p></html>")));
     }
 
-    void basePathForBareFilesDropsTheExtensionAndEscapes()
+    // Bare files: the attachment folder is the entry's name without its extension. Bundles:
+    // after loading the path is the text file inside, so the bundle is the base; on a style
+    // reload it is the bundle itself, so the notebook is.
+    void basePaths_data()
     {
-        QCOMPARE(PreviewPage::basePath(QStringLiteral("/home/u/Diary/My day.txt"),
-                                       QStringLiteral("txt")),
-                 QStringLiteral("/home/u/Diary/My%20day"));
-        QCOMPARE(PreviewPage::basePath(QStringLiteral("/home/u/Tagebuch/Größe & Café.md"),
-                                       QStringLiteral("md")),
-                 QStringLiteral("/home/u/Tagebuch/Gr%C3%B6%C3%9Fe%20%26%20Caf%C3%A9"));
-        // Characters that would end the path inside a URL stay part of the name.
-        QCOMPARE(
-            PreviewPage::basePath(QStringLiteral("/n/Plan #2? 100%.txt"), QStringLiteral("txt")),
-            QStringLiteral("/n/Plan%20%232%3F%20100%25"));
-        // A dot in a folder name is not an extension, nor is a leading dot.
-        QCOMPARE(PreviewPage::basePath(QStringLiteral("/n/v1.2/entry"), QStringLiteral("txt")),
-                 QStringLiteral("/n/v1.2/entry"));
-        QCOMPARE(PreviewPage::basePath(QStringLiteral("/n/.hidden"), QStringLiteral("txt")),
-                 QStringLiteral("/n/.hidden"));
-        QCOMPARE(PreviewPage::basePath(QString(), QStringLiteral("txt")), QString());
+        QTest::addColumn<QString>("entry");
+        QTest::addColumn<QString>("extension");
+        QTest::addColumn<QString>("base");
+        addRow("blank", QString("/home/u/Diary/My day.txt"), QString("txt"),
+               QString("/home/u/Diary/My%20day"));
+        addRow("non-ASCII", QString("/home/u/Tagebuch/Größe & Café.md"), QString("md"),
+               QString("/home/u/Tagebuch/Gr%C3%B6%C3%9Fe%20%26%20Caf%C3%A9"));
+        addRow("URL delimiters", QString("/n/Plan #2? 100%.txt"), QString("txt"),
+               QString("/n/Plan%20%232%3F%20100%25"));
+        addRow("dot in a folder", QString("/n/v1.2/entry"), QString("txt"),
+               QString("/n/v1.2/entry"));
+        addRow("leading dot", QString("/n/.hidden"), QString("txt"), QString("/n/.hidden"));
+        addRow("no entry", QString(), QString("txt"), QString());
+        addRow("bundle text", QString("/n/Trip to Rome.textbundle/text.md"), QString("textbundle"),
+               QString("/n/Trip%20to%20Rome.textbundle/"));
+        addRow("bundle itself", QString("/n/Trip to Rome.textbundle"), QString("textbundle"),
+               QString("/n/"));
     }
-
-    void basePathForTextBundlesDependsOnWhichPathIsGiven()
+    void basePaths()
     {
-        // After loading, the path is the text file inside the bundle: the bundle is the base.
-        QCOMPARE(PreviewPage::basePath(QStringLiteral("/n/Trip to Rome.textbundle/text.md"),
-                                       QStringLiteral("textbundle")),
-                 QStringLiteral("/n/Trip%20to%20Rome.textbundle/"));
-        // On a style reload it is the bundle itself, so the notebook becomes the base.
-        QCOMPARE(PreviewPage::basePath(QStringLiteral("/n/Trip to Rome.textbundle"),
-                                       QStringLiteral("textbundle")),
-                 QStringLiteral("/n/"));
-        QCOMPARE(PreviewPage::baseUrl(QStringLiteral("/n/Trip%20to%20Rome.textbundle/")),
-                 QUrl(QStringLiteral("file:///n/Trip to Rome.textbundle//")));
+        QFETCH(QString, entry);
+        QFETCH(QString, extension);
+        QFETCH(QString, base);
+        QCOMPARE(PreviewPage::basePath(entry, extension), base);
     }
 
     void noEntryGivesTheRootBase()
     {
-        writeStyle(QStringLiteral("Standard.css"), "body{color:red}");
-        const QString page = PreviewPage::buildPage(QStringLiteral("<p>x</p>"), QString(),
-                                                    *m_defaults, AppPaths::cssStyleFolder());
-        QVERIFY(page.contains(QStringLiteral("<base href=\"file:///\">")));
-        QVERIFY(page.contains(QStringLiteral("<!--body{color:red}-->")));
-        QVERIFY(page.endsWith(QStringLiteral("</head><p>x</p></html>")));
-        QCOMPARE(PreviewPage::baseUrl(QString()), QUrl(QStringLiteral("file:///")));
+        writeStyle(QString("Standard.css"), "body{color:red}");
+        const QString page = PreviewPage::buildPage(QString("<p>x</p>"), QString(), *m_defaults,
+                                                    AppPaths::cssStyleFolder());
+        QVERIFY(page.contains(QString("<base href=\"file:///\">")));
+        QVERIFY(page.contains(QString("<!--body{color:red}-->")));
+        QVERIFY(page.endsWith(QString("</head><p>x</p></html>")));
+        QCOMPARE(PreviewPage::baseUrl(QString()), QUrl(QString("file:///")));
+        QCOMPARE(PreviewPage::baseUrl(QString("/n/Trip%20to%20Rome.textbundle/")),
+                 QUrl(QString("file:///n/Trip to Rome.textbundle//")));
     }
 
     void styleTextFollowsTheChosenStyle()
@@ -94,34 +92,33 @@ private Q_SLOTS:
         const QString folder = AppPaths::cssStyleFolder();
         // Registered default, before the folder exists.
         QCOMPARE(PreviewPage::returnCSSStyleString(*m_defaults, folder), QString());
-        writeStyle(QStringLiteral("Standard.css"), "h1{font-family:\"Düsseldorf\"}");
+        writeStyle(QString("Standard.css"), "h1{font-family:\"Düsseldorf\"}");
         QCOMPARE(PreviewPage::returnCSSStyleString(*m_defaults, folder),
-                 QStringLiteral("h1{font-family:\"Düsseldorf\"}"));
-        writeStyle(QStringLiteral("Night mode.css"), "body{background:#000}");
-        m_defaults->setValue(Settings::SelectedCSSStyle, QStringLiteral("Night mode.css"));
+                 QString("h1{font-family:\"Düsseldorf\"}"));
+        writeStyle(QString("Night mode.css"), "body{background:#000}");
+        m_defaults->setValue(Settings::SelectedCSSStyle, QString("Night mode.css"));
         QCOMPARE(PreviewPage::returnCSSStyleString(*m_defaults, folder),
-                 QStringLiteral("body{background:#000}"));
+                 QString("body{background:#000}"));
         // A vanished style leaves an unstyled but complete page.
-        m_defaults->setValue(Settings::SelectedCSSStyle, QStringLiteral("Gone.css"));
-        const QString page = PreviewPage::buildPage(
-            QStringLiteral("<h1>T</h1>"), QStringLiteral("/n/T.txt"), *m_defaults, folder);
-        QVERIFY(page.contains(QStringLiteral("<style type=\"text/css\"><!----></style>")));
-        QVERIFY(page.contains(QStringLiteral("<base href=\"file:///n/T/\">")));
+        m_defaults->setValue(Settings::SelectedCSSStyle, QString("Gone.css"));
+        const QString page =
+            PreviewPage::buildPage(QString("<h1>T</h1>"), QString("/n/T.txt"), *m_defaults, folder);
+        QVERIFY(page.contains(QString("<style type=\"text/css\"><!----></style>")));
+        QVERIFY(page.contains(QString("<base href=\"file:///n/T/\">")));
     }
 
     void entryExtensionSettingChoosesTheBaseRule()
     {
-        const QString textFile = QStringLiteral("/n/E.textbundle/text.markdown");
+        const QString textFile = QString("/n/E.textbundle/text.markdown");
         QVERIFY(PreviewPage::buildPage(QString(), textFile, *m_defaults, QString())
-                    .contains(QStringLiteral("href=\"file:///n/E.textbundle/text/\"")));
-        m_defaults->setValue(Settings::DefaultFileExtensionForEntries,
-                             QStringLiteral("textbundle"));
+                    .contains(QString("href=\"file:///n/E.textbundle/text/\"")));
+        m_defaults->setValue(Settings::DefaultFileExtensionForEntries, QString("textbundle"));
         QVERIFY(PreviewPage::buildPage(QString(), textFile, *m_defaults, QString())
-                    .contains(QStringLiteral("href=\"file:///n/E.textbundle//\"")));
+                    .contains(QString("href=\"file:///n/E.textbundle//\"")));
         QCOMPARE(PreviewPage::baseUrlForEntry(textFile, *m_defaults),
-                 QUrl(QStringLiteral("file:///n/E.textbundle//")));
+                 QUrl(QString("file:///n/E.textbundle//")));
         QVERIFY(PreviewPage::buildPage(QString(), QString(), *m_defaults, QString())
-                    .contains(QStringLiteral("href=\"file:////\"")));
+                    .contains(QString("href=\"file:////\"")));
     }
 };
 
