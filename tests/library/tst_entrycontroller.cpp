@@ -5,7 +5,6 @@
 #include "library/CursorPositionStore.h"
 #include "library/EntryListModel.h"
 #include "library/FileLock.h"
-#include "library/TerminationSignalHandler.h"
 #include "library/widgets/EntryController.h"
 #include "library/widgets/EntryMessages.h"
 #include "support/TestHelpers.h"
@@ -19,14 +18,12 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QPlainTextEdit>
-#include <QProcess>
 #include <QPushButton>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QVBoxLayout>
 #include <QtTest>
 
-#include <cstdio>
 #include <memory>
 
 namespace {
@@ -100,12 +97,6 @@ class TestEntryController : public QObject
     int m_answer = 0;
 
 private Q_SLOTS:
-    void initTestCase()
-    {
-        if (qEnvironmentVariableIsSet("VELLOX_ENTRY_CHILD"))
-            runTerminatedChild();
-    }
-
     void init()
     {
         TestHome::instance()->reset();
@@ -522,44 +513,6 @@ private Q_SLOTS:
         w.append("x");
         w.controller->flushPendingSave();
         QCOMPARE(readBytes(m_notebook + "Huge.txt"), big + "x");
-    }
-
-    void terminationSavesPendingWords()
-    {
-        writeBytes(m_notebook + "Alpha.txt", "Alpha");
-        QProcess child;
-        QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
-        env.insert("VELLOX_ENTRY_CHILD", m_notebook);
-        child.setProcessEnvironment(env);
-        child.start(QCoreApplication::applicationFilePath(),
-                    {"relistKeepsTheSelectedRowForANameAtTheTop"});
-        QVERIFY(child.waitForStarted());
-        QByteArray output;
-        QTRY_VERIFY2_WITH_TIMEOUT((output += child.readAllStandardOutput()).contains("ready"),
-                                  QByteArray(output + child.readAllStandardError()).constData(),
-                                  10000);
-        child.terminate(); // SIGTERM
-        QVERIFY(child.waitForFinished(10000));
-        QCOMPARE(child.exitStatus(), QProcess::NormalExit);
-        QCOMPARE(readBytes(m_notebook + "Alpha.txt"), QByteArray("Alpha words"));
-    }
-
-private:
-    // Runs in the child process: opens an entry, types, and waits to be terminated.
-    void runTerminatedChild()
-    {
-        const QString notebook = qEnvironmentVariable("VELLOX_ENTRY_CHILD");
-        TerminationSignalHandler handler;
-        {
-            EntryWindow w(notebook);
-            w.select(0);
-            w.append(" words");
-            std::fputs("ready\n", stdout);
-            std::fflush(stdout);
-            QCoreApplication::exec();
-        }
-        std::fflush(stdout);
-        ::_exit(0);
     }
 };
 
