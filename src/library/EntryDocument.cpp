@@ -83,14 +83,7 @@ EntryDocument::Loaded EntryDocument::load(int language)
         loaded.error = qtTrId("ENTRY_NOT_A_FILE");
         return loaded;
     }
-    const EntryLoader::Result result = EntryLoader::load(loaded.path);
-    loaded.readable = result.readable;
-    loaded.error = result.error;
-    if (result.readable) {
-        loaded.text = result.text;
-        m_format = result.format;
-        m_stamp = result.stamp;
-    }
+    take(EntryLoader::load(loaded.path), &loaded);
     return loaded;
 }
 
@@ -101,15 +94,19 @@ EntryDocument::Loaded EntryDocument::reload(int language)
     if (!QFileInfo(loaded.path).isFile())
         return loaded;
     loaded.exists = true;
-    const EntryLoader::Result result = EntryLoader::reload(loaded.path, m_format);
-    loaded.readable = result.readable;
-    loaded.error = result.error;
-    if (result.readable) {
-        loaded.text = result.text;
-        m_format = result.format;
-        m_stamp = result.stamp;
-    }
+    take(EntryLoader::reload(loaded.path, m_format), &loaded);
     return loaded;
+}
+
+void EntryDocument::take(const EntryLoader::Result &result, Loaded *loaded)
+{
+    loaded->readable = result.readable;
+    loaded->error = result.error;
+    if (!result.readable)
+        return;
+    loaded->text = result.text;
+    m_format = result.format;
+    m_stamp = result.stamp;
 }
 
 bool EntryDocument::changedOnDisk(int language) const

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "library/EntryLoader.h"
 #include "library/FileStamp.h"
 #include "library/TextFormat.h"
 
@@ -63,6 +64,9 @@ public:
     void setFormat(const TextFormat &format) { m_format = format; }
 
 private:
+    // What was read becomes the document's format and stamp.
+    void take(const EntryLoader::Result &result, Loaded *loaded);
+
     QString m_notebookPath;
     QString m_title;
     QString m_extension;

@@ -251,18 +251,24 @@ EntryLoader::Result EntryLoader::decode(const QByteArray &bytes)
     return result;
 }
 
+namespace {
+EntryLoader::Result unreadable(const QString &path, const QString &error)
+{
+    EntryLoader::Result failed;
+    failed.readable = false;
+    failed.error = error;
+    failed.stamp = FileStamp::of(path);
+    return failed;
+}
+} // namespace
+
 EntryLoader::Result EntryLoader::load(const QString &path)
 {
     QByteArray bytes;
     FileStamp stamp;
     QString error;
-    if (!readFile(path, &bytes, &stamp, &error)) {
-        Result failed;
-        failed.readable = false;
-        failed.error = error;
-        failed.stamp = FileStamp::of(path);
-        return failed;
-    }
+    if (!readFile(path, &bytes, &stamp, &error))
+        return unreadable(path, error);
     Result result = decode(bytes);
     result.stamp = stamp;
     return result;
@@ -274,11 +280,8 @@ EntryLoader::Result EntryLoader::reload(const QString &path, const TextFormat &f
     FileStamp stamp;
     QString error;
     if (!readFile(path, &bytes, &stamp, &error)) {
-        Result failed;
-        failed.readable = false;
-        failed.error = error;
+        Result failed = unreadable(path, error);
         failed.format = format;
-        failed.stamp = FileStamp::of(path);
         return failed;
     }
     if (knownFormatStillFits(bytes, format.encoding)) {
