@@ -291,9 +291,13 @@ void EntrySession::countInBackground()
     const QPointer<EntrySession> self(this);
     QThreadPool::globalInstance()->start([self, text, generation] {
         const QString counted = WordCounter::counterText(text);
-        // Delivered through the application object, which outlives any session.
+        // Delivered through the application object, which outlives any session; none is
+        // left when the app is ending, and then neither is the counter.
+        QCoreApplication *app = QCoreApplication::instance();
+        if (!app)
+            return;
         QMetaObject::invokeMethod(
-            QCoreApplication::instance(),
+            app,
             [self, counted, generation] {
                 if (self && self->m_counter && self->m_countGeneration == generation)
                     self->m_counter->setText(counted);
