@@ -3,6 +3,10 @@
 namespace {
 bool isSeparator(QChar c)
 {
+    // Nearly every character of a diary is ASCII: answered without the Unicode tables, which
+    // makes counting a 10 MB entry several times faster.
+    if (c.unicode() < 0x80)
+        return c.unicode() == 0x20 || (c.unicode() >= 0x09 && c.unicode() <= 0x0D);
     switch (c.unicode()) {
     case 0x0009:
     case 0x000A:

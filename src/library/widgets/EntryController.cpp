@@ -30,6 +30,19 @@ QString hintText()
     //% "Enter a title to write a note"
     return qtTrId("EDITOR_HINT_ENTER_TITLE");
 }
+
+// The editor's text after loading this one: the same, unless it holds characters the
+// editor's document turns into line breaks. Spares copying a big entry back out of the
+// editor.
+QString textAsShown(const QString &loaded, const EntryEditorAdapter &editor)
+{
+    for (const QChar c : loaded) {
+        const char16_t u = c.unicode();
+        if (u == u'\r' || u == QChar::ParagraphSeparator || u == 0xFDD0 || u == 0xFDD1)
+            return editor.string();
+    }
+    return loaded;
+}
 } // namespace
 
 EntryController::EntryController(QPlainTextEdit *editor, QLineEdit *titleField,
@@ -266,7 +279,7 @@ void EntryController::openEntry(const QString &fileName)
     m_session->updateWordAndCharCounter();
     NotificationCenter::defaultCenter().post(Notifications::SetnewDate, this,
                                              {{Notifications::NewDateStringKey, doc.title()}});
-    Q_EMIT previewShouldRender(m_editor.string(), path);
+    Q_EMIT previewShouldRender(textAsShown(loaded.text, m_editor), path);
     Q_EMIT spellingShouldBeChecked();
 }
 

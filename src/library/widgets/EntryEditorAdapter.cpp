@@ -63,7 +63,8 @@ int EntryEditorAdapter::selectedLength() const
 
 void EntryEditorAdapter::setSelectedRange(int location, int length)
 {
-    const int end = qMax(0, int(string().size()));
+    // The document's length without copying its text out (the last block has no separator).
+    const int end = qMax(0, m_editor->document()->characterCount() - 1);
     const int start = qBound(0, location, end);
     const int clampedLength = qBound(0, length, end - start);
     if (m_entryEditor) {

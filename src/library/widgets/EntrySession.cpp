@@ -8,12 +8,21 @@
 #include "render/MarkupLanguage.h"
 #include "widgets/Alert.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QDir>
 #include <QFileInfo>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QScopedValueRollback>
+#include <QThreadPool>
 #include <QtDebug>
+
+namespace {
+// Counted on the window's thread up to this many characters (about 2 ms); longer texts in
+// the background.
+constexpr int kCountedAtOnce = 256 * 1024;
+} // namespace
 
 EntrySession::EntrySession(EntryEditorAdapter &editor, QLabel *counter, UserDefaults &defaults,
                            QObject *parent)
@@ -32,6 +41,11 @@ EntrySession::EntrySession(EntryEditorAdapter &editor, QLabel *counter, UserDefa
     connect(&m_outsideChangeTimer, &QTimer::timeout, this, &EntrySession::checkOutsideChange);
     connect(&m_watcher, &QFileSystemWatcher::fileChanged, this,
             [this] { m_outsideChangeTimer.start(); });
+    // Loading an entry asks for a count of the text it leaves and of the one it shows: one
+    // count, after the load.
+    m_countTimer.setSingleShot(true);
+    m_countTimer.setInterval(50);
+    connect(&m_countTimer, &QTimer::timeout, this, &EntrySession::countInBackground);
 }
 
 void EntrySession::setSaveAsPathChooser(std::function<QString(const QString &)> chooser)
@@ -252,7 +266,42 @@ void EntrySession::updateWordAndCharCounter()
     if (!m_counter)
         return;
     const bool black = m_defaults.value(Settings::UseBlackDocument);
-    m_counter->setText(m_editor.isEditable() ? WordCounter::counterText(m_editor.string())
-                                             : QStringLiteral("0:0"));
     m_counter->setStyleSheet(black ? QStringLiteral("color: white;") : QString());
+    ++m_countGeneration;
+    m_countTimer.stop();
+    if (!m_editor.isEditable()) {
+        m_counter->setText(QStringLiteral("0:0"));
+        return;
+    }
+    // The document knows its length without copying its text out.
+    if (m_editor.view()->document()->characterCount() - 1 <= kCountedAtOnce) {
+        m_counter->setText(WordCounter::counterText(m_editor.string()));
+        return;
+    }
+    m_countTimer.start();
+}
+
+void EntrySession::countInBackground()
+{
+    if (!m_counter || !m_editor.isEditable())
+        return;
+    const quint64 generation = m_countGeneration;
+    // The copy is shared with the worker; the editor's document never leaves this thread.
+    const QString text = m_editor.string();
+    const QPointer<EntrySession> self(this);
+    QThreadPool::globalInstance()->start([self, text, generation] {
+        const QString counted = WordCounter::counterText(text);
+        // Delivered through the application object, which outlives any session; none is
+        // left when the app is ending, and then neither is the counter.
+        QCoreApplication *app = QCoreApplication::instance();
+        if (!app)
+            return;
+        QMetaObject::invokeMethod(
+            app,
+            [self, counted, generation] {
+                if (self && self->m_counter && self->m_countGeneration == generation)
+                    self->m_counter->setText(counted);
+            },
+            Qt::QueuedConnection);
+    });
 }

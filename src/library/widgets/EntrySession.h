@@ -53,6 +53,7 @@ public:
     void checkOutsideChange();
     // Unsaved text that cannot be saved where it belongs goes into the support folder.
     void keepRecoveryCopy();
+    // Short texts are counted at once; a long one beside the window, shortly after.
     void updateWordAndCharCounter();
 
 Q_SIGNALS:
@@ -70,6 +71,7 @@ private:
     void markClean(const QString &text);
     void watch();
     bool handle(const EntryDocument::Saved &result, const QString &text);
+    void countInBackground();
 
     EntryEditorAdapter &m_editor;
     QPointer<QLabel> m_counter;
@@ -78,6 +80,9 @@ private:
     std::function<QString(const QString &)> m_saveAsChooser;
     QTimer m_saveTimer;
     QTimer m_outsideChangeTimer;
+    QTimer m_countTimer;
+    // Raised by every count asked for; a background count of an older text is not shown.
+    quint64 m_countGeneration = 0;
     QFileSystemWatcher m_watcher;
     EntryDocument m_doc;
     QString m_loadedString;
