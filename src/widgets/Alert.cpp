@@ -28,6 +28,8 @@ int Alert::show(QWidget *parent, const AlertRequest &request)
         buttons << button;
     }
     box.setDefaultButton(qobject_cast<QPushButton *>(buttons.first()));
+    if (request.escapeButton >= 0 && request.escapeButton < buttons.size())
+        box.setEscapeButton(buttons.at(request.escapeButton));
     box.exec();
     const int index = int(buttons.indexOf(box.clickedButton()));
     return index < 0 ? 0 : index;

@@ -15,6 +15,9 @@ struct AlertRequest
     QString title;
     QString message;
     QStringList buttons;
+    // The button Escape stands for; -1 when Escape does not answer (several choices, none
+    // of them "leave things as they are").
+    int escapeButton = -1;
 };
 
 class Alert

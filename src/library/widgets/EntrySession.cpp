@@ -178,7 +178,7 @@ bool EntrySession::mayLeave()
     const QString cancel = qtTrId("UNSAVED_CHANGES_CANCEL");
     const int answer = Alert::show(
         m_dialogParent,
-        AlertRequest{QMessageBox::Warning, heading, message, {saveAs, discard, cancel}});
+        AlertRequest{QMessageBox::Warning, heading, message, {saveAs, discard, cancel}, 2});
     if (answer == 0) {
         const QString path = m_saveAsChooser
                                  ? m_saveAsChooser(m_doc.isValid() ? m_doc.fileName() : QString())
