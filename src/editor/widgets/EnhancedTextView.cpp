@@ -477,16 +477,6 @@ void EnhancedTextView::contextMenuTextViewSetup(QMenu *menu)
 
 // --- commands -----------------------------------------------------------------------------
 
-void EnhancedTextView::indentSelectedText()
-{
-    LineCommands::indentSelectedText(*m_model);
-}
-
-void EnhancedTextView::deIndentSelectedText()
-{
-    LineCommands::deIndentSelectedText(*m_model);
-}
-
 void EnhancedTextView::insertSelectedTextBeforeSelection()
 {
     LineCommands::insertSelectedTextBeforeSelection(*m_model);
@@ -505,16 +495,6 @@ void EnhancedTextView::insertSelectedTextLeftToSelection()
 void EnhancedTextView::insertSelectedTextRightToSelection()
 {
     LineCommands::insertSelectedTextRightToSelection(*m_model);
-}
-
-void EnhancedTextView::moveSelectionUp()
-{
-    LineCommands::moveSelectionUp(*m_model);
-}
-
-void EnhancedTextView::moveSelectionDown()
-{
-    LineCommands::moveSelectionDown(*m_model);
 }
 
 void EnhancedTextView::moveSelectionLeft()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "editor/LineCommands.h"
 #include "editor/ListNumbering.h"
 #include "editor/MarkupInsertion.h"
 #include "editor/TextEditorModel.h"
@@ -91,14 +92,14 @@ public Q_SLOTS:
     void redo();
     void cut();
 
-    void indentSelectedText();
-    void deIndentSelectedText();
+    void indentSelectedText() { LineCommands::indentSelectedText(*m_model); }
+    void deIndentSelectedText() { LineCommands::deIndentSelectedText(*m_model); }
     void insertSelectedTextBeforeSelection();
     void insertSelectedTextAfterSelection();
     void insertSelectedTextLeftToSelection();
     void insertSelectedTextRightToSelection();
-    void moveSelectionUp();
-    void moveSelectionDown();
+    void moveSelectionUp() { LineCommands::moveSelectionUp(*m_model); }
+    void moveSelectionDown() { LineCommands::moveSelectionDown(*m_model); }
     void moveSelectionLeft();
     void moveSelectionRight();
     void moveCursorToTheEndOfParagraph();

@@ -1,5 +1,6 @@
 #include "OneClickStyleEditorController.h"
 
+#include "TabActionFileDialog.h"
 #include "core/UserDefaults.h"
 #include "editor/TabActionStore.h"
 #include "editor/TabActionTableModel.h"
@@ -9,7 +10,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDir>
-#include <QFileDialog>
 #include <QFileInfo>
 #include <QFontDatabase>
 #include <QFontInfo>
@@ -518,31 +518,16 @@ void OneClickStyleEditorController::reopenNameEditor(int row)
 
 void OneClickStyleEditorController::setNewTabActionFile()
 {
-    QFileDialog dialog(this);
-    //% "New Tab-Action File"
-    dialog.setWindowTitle(qtTrId("TAB_ACTION_NEW_FILE_DIALOG"));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setFileMode(QFileDialog::AnyFile);
-    //% "Tab actions (*.tabActions)"
-    dialog.setNameFilter(qtTrId("TAB_ACTION_FILE_FILTER"));
-    dialog.setDefaultSuffix(kExternalSuffix);
-    dialog.selectFile(QStringLiteral("Vellox.tabActions"));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return;
-    createExternalTabActionFile(dialog.selectedFiles().first());
+    const QString path = TabActionFileDialog::chooseNewFile(this, kExternalSuffix);
+    if (!path.isEmpty())
+        createExternalTabActionFile(path);
 }
 
 void OneClickStyleEditorController::chooseTabActionFile()
 {
-    QFileDialog dialog(this);
-    //% "Choose Tab-Action File"
-    dialog.setWindowTitle(qtTrId("TAB_ACTION_CHOOSE_FILE_DIALOG"));
-    dialog.setAcceptMode(QFileDialog::AcceptOpen);
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    dialog.setNameFilter(qtTrId("TAB_ACTION_FILE_FILTER"));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return;
-    useExternalTabActionFile(dialog.selectedFiles().first());
+    const QString path = TabActionFileDialog::chooseExistingFile(this);
+    if (!path.isEmpty())
+        useExternalTabActionFile(path);
 }
 
 void OneClickStyleEditorController::createExternalTabActionFile(const QString &path)
