@@ -7,15 +7,11 @@
 #include "library/CursorPositionStore.h"
 #include "library/EntryNames.h"
 #include "library/FileLock.h"
-#include "library/TextBundle.h"
-#include "library/widgets/EntryListController.h"
-#include "library/widgets/EntrySession.h"
+#include "library/widgets/BundleLanguageCheck.h"
 #include "library/widgets/LockPrompt.h"
 #include "render/MarkupLanguage.h"
-#include "widgets/Alert.h"
 
 #include <QCoreApplication>
-#include <QDir>
 #include <QEvent>
 #include <QFileInfo>
 #include <QLabel>
@@ -236,24 +232,8 @@ void EntryController::openEntry(const QString &fileName)
     const QString extension = m_list->extension();
     EntryDocument doc(notebookPath(), EntryDirectory::deletingPathExtension(fileName), extension);
     const int current = language();
-    if (doc.isBundle()) {
-        QString parseError;
-        const int bundleLanguage = TextBundle::language(doc.entryPath(), &parseError);
-        if (!parseError.isEmpty())
-            qWarning().noquote() << QStringLiteral("ERROR: %1").arg(parseError);
-        if (bundleLanguage != current) {
-            //% "This entry is written in %1, but %2 is selected. It is shown with %2."
-            const QString message = qtTrId("TEXTBUNDLE_MIXED_MARKUPS_MESSAGE")
-                                        .arg(MarkupLanguage::displayName(bundleLanguage),
-                                             MarkupLanguage::displayName(current));
-            //% "Different markup languages"
-            Alert::show(m_titleField->window(),
-                        AlertRequest{QMessageBox::Warning,
-                                     qtTrId("TEXTBUNDLE_MIXED_MARKUPS_TITLE"),
-                                     message,
-                                     {QStringLiteral("OK")}});
-        }
-    }
+    if (doc.isBundle())
+        BundleLanguageCheck::warnIfMixed(m_titleField->window(), doc.entryPath(), current);
     const QString path = doc.textPath(current);
     const bool fileLocked = QFileInfo::exists(path) && checkFileLock(path);
     const EntryDocument::Loaded loaded = doc.load(current);
