@@ -61,6 +61,13 @@ int EntryEditorAdapter::selectedLength() const
     return cursor.selectionEnd() - cursor.selectionStart();
 }
 
+bool EntryEditorAdapter::holds(const QString &text) const
+{
+    if (qMax(0, m_editor->document()->characterCount() - 1) != text.size())
+        return false;
+    return string() == text;
+}
+
 void EntryEditorAdapter::setSelectedRange(int location, int length)
 {
     // The document's length without copying its text out (the last block has no separator).

@@ -21,6 +21,9 @@ public:
     void setString(const QString &text);
     // True while setString runs, so change signals of the load are not taken for typing.
     bool isSettingString() const { return m_settingString; }
+    // Whether the editor holds exactly this text; a different length answers without copying
+    // the editor's text out (a keystroke in a big entry must not cost a copy of it).
+    bool holds(const QString &text) const;
     void setEditable(bool editable);
     bool isEditable() const;
     // Location and length in UTF-16 code units.

@@ -98,14 +98,14 @@ bool EntrySession::hasUnsavedText() const
     if (!m_editor.isEditable())
         return false;
     return m_saveTimer.isActive() || m_currentDocumentHasEdits || m_saveFailed || m_conflict ||
-           m_editor.string() != m_loadedString;
+           !m_editor.holds(m_loadedString);
 }
 
 void EntrySession::textHasChanged()
 {
     // The editor announces a change 0.1 s late; when those words were saved meanwhile, there
     // is nothing to do.
-    if (m_editor.string() == m_loadedString && !lastSaveFailed()) {
+    if (m_editor.holds(m_loadedString) && !lastSaveFailed()) {
         updateWordAndCharCounter();
         return;
     }
