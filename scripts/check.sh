@@ -18,21 +18,39 @@ if [ ${#unformatted[@]} -gt 0 ]; then
     status=1
 fi
 
-# Layers: core <- render, editor, library <- widgets, <name>/widgets <- app. A folder may
-# include its own layer and the layers below it.
+# Layers, bottom to top: core; render; editor; library; attachments, notes, search; export;
+# menubar; app. Window-free logic folders include only logic folders below them (or
+# themselves). The shared widgets/ sits on core alone; <name>/widgets may include logic up
+# to its own rank, widgets/, and the widgets of lower subsystems. Siblings of one rank stay
+# apart.
+rank() {
+    case "$1" in
+    core) echo 0 ;; render) echo 1 ;; editor) echo 2 ;; library) echo 3 ;;
+    attachments | notes | search) echo 4 ;; export) echo 5 ;; menubar) echo 6 ;;
+    app) echo 9 ;; *) echo -1 ;;
+    esac
+}
+below_or_same() { # folder, other folder
+    local a b
+    a=$(rank "$1") b=$(rank "$2")
+    [ "$b" -ge 0 ] && { [ "$1" = "$2" ] || [ "$b" -lt "$a" ]; }
+}
 allowed() { # folder of the including file, included top folder, included path
-    local from="$1" to="$2" path="$3"
+    local from="$1" to="$2" path="$3" owner
     case "$from" in
-    core) [ "$to" = core ] ;;
-    render) [[ "$to" =~ ^(core|render)$ ]] && [[ "$path" != */widgets/* ]] ;;
-    editor) [[ "$to" =~ ^(core|render|editor)$ ]] && [[ "$path" != */widgets/* ]] ;;
-    library) [[ "$to" =~ ^(core|render|editor|library)$ ]] && [[ "$path" != */widgets/* ]] ;;
+    app | app/widgets) return 0 ;;
     widgets) [ "$to" = core ] || [ "$to" = widgets ] ;;
-    render/widgets) [[ "$to" =~ ^(core|render|widgets)$ ]] && [[ "$path" != */widgets/* || "$path" == render/widgets/* ]] ;;
-    editor/widgets) [[ "$to" =~ ^(core|render|editor|widgets)$ ]] && [[ "$path" != */widgets/* || "$path" == editor/widgets/* || "$path" == render/widgets/* ]] ;;
-    library/widgets) [[ "$to" =~ ^(core|render|editor|library|widgets)$ ]] ;;
-    app|app/widgets) true ;;
-    *) true ;;
+    */widgets)
+        owner=${from%/widgets}
+        if [ "$to" = widgets ]; then return 0; fi
+        below_or_same "$owner" "$to" || return 1
+        [[ "$path" != */widgets/* ]] || [ "$to" = "$owner" ] ||
+            [ "$(rank "$to")" -lt "$(rank "$owner")" ]
+        ;;
+    *)
+        [ "$(rank "$from")" -ge 0 ] || return 0
+        below_or_same "$from" "$to" && [[ "$path" != */widgets/* ]]
+        ;;
     esac
 }
 while IFS=: read -r file _ line; do
