@@ -85,9 +85,16 @@ bool AppController::awakeFromNib()
     buildEntriesAndPreview();
     buildMenus();
     wireWindow();
+    wireSubsystems();
     observeNotifications();
     m_fullscreenActive = false;
     return true;
+}
+
+void AppController::wireSubsystems()
+{
+    // Each subsystem's window controller is made and connected in a wiring file of its own
+    // (SubsystemWiring.h), one line here each, so this controller stays about notebooks.
 }
 
 void AppController::setupDarkDocument()

@@ -42,6 +42,7 @@ public:
     void startTheGame();
 
     MainWindow *window() const { return m_window; }
+    UserDefaults &defaults() const { return m_defaults; }
     NotebookRegistry &registry() const { return *m_registry; }
     EntryController *entries() const { return m_entries; }
     PreviewController *preview() const { return m_preview; }
@@ -111,6 +112,7 @@ private:
     void buildEntriesAndPreview();
     void buildMenus();
     void wireWindow();
+    void wireSubsystems();
     void resetEditorForNotebookChange();
     // The pop-up and side bar back on the notebook still open.
     void showCurrentNotebookSelected();
