@@ -265,6 +265,7 @@ int main(int argc, char *argv[])
     controller.window()->show();
     if (!QTest::qWaitForWindowExposed(controller.window()))
         return 1;
+    controller.startTheGame();
 
     Bench bench(controller);
     std::printf("%-16s %-8s %9s %9s %9s %9s %10s\n", "entry", "preview", "click", "answers",
