@@ -8,6 +8,9 @@ ini_set('display_errors', 'stderr');
 ini_set('log_errors', '0');
 
 require_once __DIR__ . '/lib/commonmark.php';
+require_once __DIR__ . '/lib/chunks.php';
 
+// A long text converts far faster in runs of blocks than in one piece.
 $source = stream_get_contents(STDIN);
-echo vellox_commonmark_convert($source === false ? '' : $source, false);
+echo vellox_chunk_convert('markdown', $source === false ? '' : $source,
+    fn (string $run) => vellox_commonmark_convert($run, false));

@@ -20,7 +20,10 @@ function vellox_worker_convert(string $language, string $source, int &$status): 
         case 'markdown':
         case 'smark':
             require_once __DIR__ . '/lib/commonmark.php';
-            return vellox_commonmark_convert($source, $language === 'smark');
+            require_once __DIR__ . '/lib/chunks.php';
+            $smark = $language === 'smark';
+            return vellox_chunk_convert($language, $source,
+                fn (string $run) => vellox_commonmark_convert($run, $smark));
         case 'bbcode':
             require_once __DIR__ . '/lib/bbcode.php';
             return vellox_bbcode_convert($source);
@@ -69,6 +72,7 @@ while (($header = fgets(STDIN)) !== false) {
     fwrite(STDOUT, $html);
     fflush(STDOUT);
     unset($html);
-    // A document tree is full of cycles; nothing of this conversion is kept for the next.
+    // A document tree is full of cycles; of this conversion only the HTML of its runs is kept
+    // for the next.
     gc_collect_cycles();
 }

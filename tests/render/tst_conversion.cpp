@@ -98,6 +98,60 @@ private Q_SLOTS:
         }
     }
 
+    // Long texts are converted in runs of blocks, and runs seen before are not converted
+    // again; the page must still be exactly what converting the text in one piece gives,
+    // before and after an edit, whatever ties blocks together across blank lines.
+    void longTextsConvertAsOnePieceDoes_data()
+    {
+        QTest::addColumn<int>("language");
+        QTest::addColumn<QString>("passage");
+        // Every line numbered, so that over the days each of them comes to stand where a
+        // run could begin.
+        addRow("loose lists and quotes", 1,
+               QStringLiteral("Day %1\n=====\n\n- one %1\n\n- two %1\n\n  still two %1\n\n"
+                              "> said %1\n\n> and more %1\n\n1. first %1\n\n2) other %1\n\n"
+                              "After %1.\n\n"));
+        addRow("fences and code", 1,
+               QStringLiteral("## Day %1\n\n```\ncode %1\n\n\nnot a heading %1\n# still %1\n"
+                              "```\n\n    indented %1\n\n    code %1\n\n~~~~\n```\n\n%1\n~~~~"
+                              "\n\n| a | b |\n|---|---|\n| %1 | x |\n\n"));
+        addRow("smark images and quotes", 5,
+               QStringLiteral("\"Day\" %1 -- ok...\n\n~/pics/a %1.png\n\n* * *\n\n- [ ] t %1\n\n"
+                              "+ item %1\n\n"));
+        addRow("fence left open", 1, QStringLiteral("Day %1\n\n```\nopen fence %1\n\nText %1\n\n"));
+    }
+
+    void longTextsConvertAsOnePieceDoes()
+    {
+        QFETCH(int, language);
+        QFETCH(QString, passage);
+        TaskController controller;
+        controller.setMarkUpLanguageScriptPathForSelection(language);
+        const QString library =
+            QFileInfo(controller.phpScriptPath()).absolutePath() + QStringLiteral("/lib/");
+        const auto inOnePiece = [&](const QString &text) {
+            QProcess php;
+            php.start(QStringLiteral("/usr/bin/php"),
+                      {QStringLiteral("-r"),
+                       QStringLiteral("require '%1commonmark.php'; echo vellox_commonmark_convert("
+                                      "stream_get_contents(STDIN), %2);")
+                           .arg(library, language == 5 ? "true" : "false")});
+            php.write(text.toUtf8());
+            php.closeWriteChannel();
+            return php.waitForFinished(60000) ? QString::fromUtf8(php.readAllStandardOutput())
+                                              : QStringLiteral("(php did not finish)");
+        };
+        QString text;
+        for (int day = 0; text.size() < 40000; ++day)
+            text += passage.arg(day);
+        QString edited = text;
+        edited.insert(edited.size() / 2, QStringLiteral("\n\nNew paragraph\n\n- item"));
+
+        QCOMPARE(TaskController::convertStringWithMarkUpLanguage(language, text), inOnePiece(text));
+        QCOMPARE(TaskController::convertStringWithMarkUpLanguage(language, edited),
+                 inOnePiece(edited));
+    }
+
     // A worker that cannot answer costs one log line and the time limit, never the text.
     void brokenWorkerFallsBackToTheFilter_data()
     {
