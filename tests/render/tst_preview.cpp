@@ -295,8 +295,9 @@ private Q_SLOTS:
         QDesktopServices::unsetUrlHandler(QStringLiteral("https"));
     }
 
-    // The engine refuses in-memory pages above 2 MB; such pages come from a private file,
-    // keep the entry's base, and their anchors still scroll inside the page.
+    // The engine refuses in-memory pages above 2 MB; such pages (here one that cannot be
+    // shown in steps, being one element) come from a private file, keep the entry's base,
+    // and their anchors still scroll inside the page.
     void pagesOverTwoMegabytesShowFromAFile()
     {
         LinkCatcher catcher;
@@ -305,12 +306,12 @@ private Q_SLOTS:
         controller.setConverter([](int, const QString &text) { return text; });
         showAlone(controller);
         QSignalSpy shown(&controller, &PreviewController::pageShown);
-        QString text = QStringLiteral("<a href=\"#end\" style=\"display:block;height:300px\">"
-                                      "jump</a><p><img src=\"pic.png\"></p>");
+        QString text = QStringLiteral("<div><a href=\"#end\" style=\"display:block;"
+                                      "height:300px\">jump</a><p><img src=\"pic.png\"></p>");
         const QString paragraph =
             QStringLiteral("<p>Ein Absatz über alles, was heute geschah.</p>\n");
         text += paragraph.repeated(3 * 1024 * 1024 / paragraph.toUtf8().size() + 1);
-        text += QStringLiteral("<p id=\"end\">THE END</p>");
+        text += QStringLiteral("<p id=\"end\">THE END</p></div>");
         controller.renderText(text, makeEntry(QStringLiteral("Long day")));
         QVERIFY(waitForPage(shown));
         PreviewView *view = controller.view()->webView();
@@ -331,6 +332,52 @@ private Q_SLOTS:
         QVERIFY(waitForPage(shown));
         QVERIFY(view->lastPageFile().isEmpty());
         QTRY_VERIFY(!QFile::exists(pageFile));
+        QCOMPARE(evaluate(controller, QStringLiteral("document.body.textContent")),
+                 QVariant(QStringLiteral("short")));
+    }
+
+    // A long page shows its top at once and gets the rest appended: in the end the body is
+    // exactly the entry's, in order, anchors into the appended part work, and a newer page
+    // stops the appending of the older one.
+    void longPagesShowTheirTopFirstAndTheRestAfter()
+    {
+        PreviewController controller(*m_defaults);
+        controller.setConverter([](int, const QString &text) { return text; });
+        showAlone(controller);
+        PreviewView *view = nullptr;
+        QSignalSpy shown(&controller, &PreviewController::pageShown);
+        QString text = QStringLiteral(
+            "<p><a href=\"#end\" style=\"display:block;height:300px\">jump</a></p>\n");
+        const int blocks = 6000;
+        for (int i = 0; i < blocks; ++i) {
+            text += i % 3 == 0
+                        ? QStringLiteral("<ul>\n<li>b%1 <em>x</em></li>\n</ul>\n").arg(i)
+                        : QStringLiteral("<p>b%1 <img src=\"pic.png\" /> a &lt; b</p>\n").arg(i);
+        }
+        text += QStringLiteral("<p id=\"end\">THE END</p>\n");
+        controller.renderText(text, makeEntry(QStringLiteral("Long list")));
+        QVERIFY(waitForPage(shown));
+        view = controller.view()->webView();
+        QSignalSpy completed(view, &PreviewView::pageCompleted);
+        QVERIFY(view->isAppending() || !completed.isEmpty());
+        QTRY_VERIFY_WITH_TIMEOUT(!view->isAppending(), 60000);
+        const QString check =
+            QStringLiteral(
+                "(function(){var c=document.body.children;if(c.length!==%1)return "
+                "'count '+c.length;"
+                "for(var i=1;i<=%2;i++){if(c[i].textContent.trim().indexOf('b'+(i-1)+' ')!==0)"
+                "return 'block '+i+': '+c[i].textContent;}return c[%1-1].id;})()")
+                .arg(blocks + 2)
+                .arg(blocks);
+        QCOMPARE(evaluate(controller, check).toString(), QStringLiteral("end"));
+        QTest::mouseClick(view->focusProxy(), Qt::LeftButton, {}, QPoint(100, 100));
+        QTRY_VERIFY(evaluate(controller, QStringLiteral("window.scrollY")).toInt() > 1000);
+
+        shown.clear();
+        controller.renderText(text + QStringLiteral("<p>more</p>"), QString());
+        controller.renderText(QStringLiteral("<p>short</p>"), QString());
+        QTRY_VERIFY_WITH_TIMEOUT(!controller.isPending() && !view->isAppending(), 60000);
+        QTest::qWait(500);
         QCOMPARE(evaluate(controller, QStringLiteral("document.body.textContent")),
                  QVariant(QStringLiteral("short")));
     }

@@ -1,6 +1,7 @@
 #include "core/AppPaths.h"
 #include "core/UserDefaults.h"
 #include "render/PreviewPage.h"
+#include "render/ProgressivePage.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
 
@@ -119,6 +120,46 @@ private Q_SLOTS:
                  QUrl(QString("file:///n/E.textbundle//")));
         QVERIFY(PreviewPage::buildPage(QString(), QString(), *m_defaults, QString())
                     .contains(QString("href=\"file:////\"")));
+    }
+
+    // A long page is cut only between whole top-level elements; its steps put together are
+    // the page again, and markup the engine would repair its own way is never cut.
+    void longPagesAreCutBetweenWholeElements_data()
+    {
+        QTest::addColumn<QString>("block");
+        QTest::addColumn<bool>("cut");
+        addRow("paragraphs", QStringLiteral("<p>a <em>b</em><br>c</p>\n"), true);
+        addRow("nested lists", QStringLiteral("<ul>\n<li>a<ul><li>b</li></ul></li>\n</ul>\n"),
+               true);
+        addRow("quoted >", QStringLiteral("<p title=\"a > b\">x<img alt='<p>' /></p>\n"), true);
+        addRow("comment", QStringLiteral("<!-- <p> --><p>x</p>\n"), true);
+        addRow("lone <", QStringLiteral("<p>a < b</p>\n"), true);
+        addRow("unclosed", QStringLiteral("<p>a\n"), false);
+        addRow("mismatched", QStringLiteral("<div><p>a</div></p>\n"), false);
+        addRow("script", QStringLiteral("<script>if (a <b) x();</script>\n"), false);
+    }
+
+    void longPagesAreCutBetweenWholeElements()
+    {
+        QFETCH(QString, block);
+        QFETCH(bool, cut);
+        const QString head = QStringLiteral("<html><head><style>p{}</style></head>");
+        const QString body = block.repeated(400);
+        const QString page = head + body + QStringLiteral("</html>");
+        const ProgressivePage steps = ProgressivePage::split(page, 200, 1000);
+        QCOMPARE(!steps.rest.isEmpty(), cut);
+        if (!cut) {
+            QCOMPARE(steps.first, page);
+            return;
+        }
+        QVERIFY(steps.first.startsWith(head));
+        QVERIFY(steps.first.endsWith(QStringLiteral("</html>")));
+        const QString firstBody = steps.first.mid(head.size()).chopped(7);
+        QCOMPARE(firstBody + steps.rest.join(QString()), body);
+        // Every step ends where a block ends.
+        QVERIFY(firstBody.endsWith(block));
+        for (const QString &piece : steps.rest)
+            QVERIFY(piece.endsWith(block));
     }
 };
 

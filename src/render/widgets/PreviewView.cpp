@@ -2,12 +2,18 @@
 
 #include "PreviewWebPage.h"
 
+#include "render/ProgressivePage.h"
+
 #include <QContextMenuEvent>
 #include <QDir>
 #include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QMenu>
+#include <QPointer>
 #include <QStandardPaths>
 #include <QWebEngineContextMenuRequest>
+#include <QWebEngineScript>
 
 PreviewView::PreviewView(QWidget *parent)
     : QWebEngineView(parent)
@@ -22,11 +28,7 @@ PreviewView::PreviewView(QWidget *parent)
     // A file dropped here would replace the entry's page with the file.
     setAcceptDrops(false);
     setMinimumSize(120, 80);
-    connect(this, &QWebEngineView::loadFinished, this, [this] {
-        for (const QString &stale : std::as_const(m_staleFiles))
-            QFile::remove(stale);
-        m_staleFiles.clear();
-    });
+    connect(this, &QWebEngineView::loadFinished, this, &PreviewView::pageLoaded);
 }
 
 PreviewView::~PreviewView() = default;
@@ -57,6 +59,15 @@ QString PreviewView::writePageFile(const QByteArray &utf8)
 
 void PreviewView::showHtml(const QString &html, const QUrl &baseUrl)
 {
+    ++m_pageGeneration;
+    m_appending = false;
+    ProgressivePage steps = ProgressivePage::split(html);
+    m_pendingPieces = std::move(steps.rest);
+    loadWhole(steps.first, baseUrl);
+}
+
+void PreviewView::loadWhole(const QString &html, const QUrl &baseUrl)
+{
     const QByteArray utf8 = html.toUtf8();
     m_page->setDocumentBase(baseUrl);
     const QString previous = m_pageFile;
@@ -71,6 +82,42 @@ void PreviewView::showHtml(const QString &html, const QUrl &baseUrl)
     // The engine may still be reading the old page file; it goes once the new page is in.
     if (!previous.isEmpty() && previous != m_pageFile)
         m_staleFiles << previous;
+}
+
+void PreviewView::pageLoaded(bool ok)
+{
+    for (const QString &stale : std::as_const(m_staleFiles))
+        QFile::remove(stale);
+    m_staleFiles.clear();
+    if (!ok || m_pendingPieces.isEmpty()) {
+        m_pendingPieces.clear();
+        Q_EMIT pageCompleted(ok);
+        return;
+    }
+    appendNextPiece();
+}
+
+void PreviewView::appendNextPiece()
+{
+    if (m_pendingPieces.isEmpty()) {
+        m_appending = false;
+        Q_EMIT pageCompleted(true);
+        return;
+    }
+    m_appending = true;
+    const QString piece = m_pendingPieces.takeFirst();
+    const QString quoted = QString::fromUtf8(
+        QJsonDocument(QJsonArray{piece}).toJson(QJsonDocument::Compact).chopped(1).mid(1));
+    const quint64 generation = m_pageGeneration;
+    // One piece at a time, each laid out before the next (asking for the height does that):
+    // the engine paints between them, and a newer page stops the rest.
+    m_page->runJavaScript(QStringLiteral("document.body.insertAdjacentHTML('beforeend', ") +
+                              quoted + QStringLiteral(");document.body.offsetHeight;"),
+                          QWebEngineScript::ApplicationWorld,
+                          [view = QPointer(this), generation](const QVariant &) {
+                              if (view && generation == view->m_pageGeneration)
+                                  view->appendNextPiece();
+                          });
 }
 
 void PreviewView::contextMenuEvent(QContextMenuEvent *event)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 #include <QTemporaryDir>
 #include <QUrl>
 #include <QWebEngineView>
@@ -10,7 +11,8 @@
 class PreviewWebPage;
 
 // The web view that shows the entry preview. Scripts are off, links open in the user's
-// browser, and pages too large for an in-memory load go through a private file.
+// browser, a long page shows its top first and the rest is appended after, and pages too
+// large for an in-memory load go through a private file.
 class PreviewView : public QWebEngineView
 {
     Q_OBJECT
@@ -31,15 +33,29 @@ public:
 
     PreviewWebPage *previewPage() const { return m_page; }
 
+    // True while parts of the last page are still being appended.
+    bool isAppending() const { return !m_pendingPieces.isEmpty() || m_appending; }
+
+Q_SIGNALS:
+    // The whole of the last page is in, its appended parts included.
+    void pageCompleted(bool ok);
+
 protected:
     void contextMenuEvent(QContextMenuEvent *event) override;
 
 private:
     QString writePageFile(const QByteArray &utf8);
+    void loadWhole(const QString &html, const QUrl &baseUrl);
+    void pageLoaded(bool ok);
+    void appendNextPiece();
 
     PreviewWebPage *m_page = nullptr;
     std::unique_ptr<QTemporaryDir> m_pageDir;
     QString m_pageFile;
     QStringList m_staleFiles;
     int m_pageCounter = 0;
+    // What is still to be appended to the page loading now, and which page that is.
+    QStringList m_pendingPieces;
+    bool m_appending = false;
+    quint64 m_pageGeneration = 0;
 };
