@@ -88,7 +88,10 @@ bool SingleInstance::handOverOnBus(const QStringList &arguments)
 
 void SingleInstance::Activate(const QStringList &arguments)
 {
-    Q_EMIT argumentsReceived(arguments);
+    // Answered at once: what the arguments lead to may open a modal alert, and the later
+    // start waits for this reply before it ends.
+    QMetaObject::invokeMethod(
+        this, [this, arguments] { Q_EMIT argumentsReceived(arguments); }, Qt::QueuedConnection);
 }
 
 // Local socket --------------------------------------------------------------------------------
@@ -147,7 +150,9 @@ void SingleInstance::readConnection()
             unpack >> arguments;
             socket->putChar(kAcknowledgement);
             socket->flush();
-            Q_EMIT argumentsReceived(arguments);
+            QMetaObject::invokeMethod(
+                this, [this, arguments] { Q_EMIT argumentsReceived(arguments); },
+                Qt::QueuedConnection);
         };
         connect(socket, &QLocalSocket::readyRead, this, read);
         if (socket->bytesAvailable() > 0)
