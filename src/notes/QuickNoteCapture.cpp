@@ -54,10 +54,28 @@ QuickNoteCapture::Result QuickNoteCapture::appendToFile(const QString &path, con
     return result;
 }
 
+namespace {
+// Control characters from a page (or a garbled link) would make the notes file one that other
+// property-list readers refuse; their visible symbols keep what was there.
+QString withVisibleControls(QString text)
+{
+    for (QChar &c : text) {
+        const char16_t u = c.unicode();
+        if (u < 0x20 && u != '\t' && u != '\n' && u != '\r')
+            c = QChar(char16_t(0x2400 + u));
+        else if (u == 0x7F)
+            c = QChar(char16_t(0x2421));
+        else if (u == 0xFFFE || u == 0xFFFF)
+            c = QChar(QChar::ReplacementCharacter);
+    }
+    return text;
+}
+} // namespace
+
 QuickNote QuickNoteCapture::noteFromLink(const BookmarkLink &link, const QDateTime &moment,
                                          const QLocale &locale)
 {
     return {NoteTitles::webTitle(NoteTitles::timeText(moment, locale),
                                  NoteTitles::dateText(moment, locale)),
-            NoteTitles::webText(link.text(), link.address())};
+            withVisibleControls(NoteTitles::webText(link.text(), link.address()))};
 }

@@ -34,13 +34,19 @@ private Q_SLOTS:
         QVERIFY(store.append({"09:15 - Monday, 2 March 2026", QString()}));
         QVERIFY(
             store.append({"t2", QString::fromUtf8("caf\xC3\xA9 <b> & \xF0\x9F\x98\x80\nline")}));
+        // A garbled link's control bytes are kept visibly, not as XML other readers refuse.
+        const QString sep = "VelloxImportSeperator";
+        QVERIFY(store.append(QuickNoteCapture::noteFromLink(
+            BookmarkLink::parse("x-velloxBookmarkNote:" + sep + sep + "a" + sep + "%00%0B%7F%FF"),
+            QDateTime(QDate(2026, 3, 2), QTime(9, 15)), QLocale::c())));
 
         const QString theirs = dir.filePath("theirs.stfn");
         const QString script =
             QStringLiteral("import plistlib, sys\n"
                            "notes = plistlib.load(open(sys.argv[1], 'rb'))\n"
-                           "assert notes == [['09:15 - Monday, 2 March 2026', ''],"
+                           "assert notes[:2] == [['09:15 - Monday, 2 March 2026', ''],"
                            " ['t2', 'caf\\u00e9 <b> & \\U0001F600\\nline']], notes\n"
+                           "assert notes[2][1] == '\\u2400\\u240b\\u2421\\u00ff\\nLink: a', notes\n"
                            "notes.append(['from python', 'x'])\n"
                            "plistlib.dump(notes, open(sys.argv[2], 'wb'), fmt=plistlib.FMT_XML)\n");
         QProcess py;
@@ -50,9 +56,9 @@ private Q_SLOTS:
 
         const auto back = QuickNoteFile::read(theirs);
         QCOMPARE(back.status, QuickNoteFile::Contents::Read);
-        QCOMPARE(back.notes.size(), 3);
-        QCOMPARE(back.notes.at(1), store.note(1));
-        QCOMPARE(back.notes.at(2), (QuickNote{"from python", "x"}));
+        QCOMPARE(back.notes.size(), 4);
+        QCOMPARE(back.notes.at(2), store.note(2));
+        QCOMPARE(back.notes.at(3), (QuickNote{"from python", "x"}));
     }
 
     void missingFileIsEmptyAndMadeByTheFirstNote()
