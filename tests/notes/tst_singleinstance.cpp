@@ -1,7 +1,9 @@
 #include "app/widgets/SingleInstance.h"
+#include "notes/QuickNoteFile.h"
 #include "support/TestHome.h"
 
 #include <QDBusConnection>
+#include <QDir>
 #include <QProcess>
 #include <QSignalSpy>
 #include <QStandardPaths>
@@ -95,6 +97,40 @@ private Q_SLOTS:
         SingleInstance next;
         QVERIFY(!next.handOverOrListen({}));
         QVERIFY(next.isListening());
+    }
+
+    // The link a start is given becomes a note once the notebook is open; a later start's
+    // link goes into the same notebook of the same window.
+    void linksReachTheNotebookOnDisplay()
+    {
+        if (m_busAddress.isEmpty())
+            QSKIP("dbus-daemon is not installed");
+        QTemporaryDir notebook;
+        QDir(m_runtime.path()).mkpath("config/Vellox");
+        QFile config(m_runtime.filePath("config/Vellox/Vellox.conf"));
+        QVERIFY(config.open(QIODevice::WriteOnly));
+        config.write("[General]\nDiarySaveDestinations\\1\\DiaryName=Test\n"
+                     "DiarySaveDestinations\\1\\DiaryDocumentPath=" +
+                     notebook.path().toUtf8() + "\nDiarySaveDestinations\\size=1\n");
+        config.close();
+        auto notes = [&] {
+            return QuickNoteFile::read(notebook.filePath("_notes.stfn")).notes.size();
+        };
+
+        QProcess first;
+        startSecond(first, {link()}, m_busAddress);
+        QTRY_COMPARE_WITH_TIMEOUT(notes(), 1, 60000);
+        QProcess second;
+        startSecond(second, {link()}, m_busAddress);
+        QTRY_COMPARE_WITH_TIMEOUT(second.state(), QProcess::NotRunning, 30000);
+        QCOMPARE(second.exitCode(), 0);
+        QTRY_COMPARE_WITH_TIMEOUT(notes(), 2, 30000);
+        QCOMPARE(QuickNoteFile::read(notebook.filePath("_notes.stfn")).notes.at(1).text,
+                 QString::fromUtf8("caf\xC3\xA9\nLink: http://a"));
+        QCOMPARE(first.state(), QProcess::Running);
+        first.terminate();
+        QVERIFY(first.waitForFinished(30000));
+        QFile::remove(config.fileName());
     }
 
     // Without a session bus the hand-over goes through a local socket; a socket file left by
