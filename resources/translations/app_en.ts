@@ -503,5 +503,81 @@
         <source>Your settings file was damaged. Vellox uses what it could read; the original is kept as “%1”.</source>
         <translation>Your settings file was damaged. Vellox uses what it could read; the original is kept as “%1”.</translation>
     </message>
+    <message id="MENU_NOTES">
+        <source>Notes</source>
+        <translation>Notes</translation>
+    </message>
+    <message id="MENU_ADD_NOTE">
+        <source>New Quick Note…</source>
+        <translation>New Quick Note…</translation>
+    </message>
+    <message id="MENU_EDIT_NOTE">
+        <source>Edit Quick Note…</source>
+        <translation>Edit Quick Note…</translation>
+    </message>
+    <message id="MENU_REMOVE_NOTE">
+        <source>Remove Quick Note</source>
+        <translation>Remove Quick Note</translation>
+    </message>
+    <message id="MENU_SEND_NOTE">
+        <source>Insert Selected Note</source>
+        <translation>Insert Selected Note</translation>
+    </message>
+    <message id="MENU_SEND_NOTE_TIP">
+        <source>Insert the selected quick note's text into the entry at the cursor</source>
+        <translation>Insert the selected quick note's text into the entry at the cursor</translation>
+    </message>
+    <message id="MENU_SEND_ALL_NOTES">
+        <source>Insert All Notes</source>
+        <translation>Insert All Notes</translation>
+    </message>
+    <message id="MENU_SEND_ALL_NOTES_TIP">
+        <source>Insert the text of every quick note into the entry, each followed by an empty line</source>
+        <translation>Insert the text of every quick note into the entry, each followed by an empty line</translation>
+    </message>
+    <message id="MENU_SEND_TODAYS_NOTES">
+        <source>Insert Today's Notes</source>
+        <translation>Insert Today's Notes</translation>
+    </message>
+    <message id="MENU_SEND_TODAYS_NOTES_TIP">
+        <source>Insert the text of the quick notes taken today into the entry</source>
+        <translation>Insert the text of the quick notes taken today into the entry</translation>
+    </message>
+    <message id="MENU_DELETE_NOTES_EXCEPT_TODAY">
+        <source>Delete Older Notes</source>
+        <translation>Delete Older Notes</translation>
+    </message>
+    <message id="MENU_DELETE_NOTES_EXCEPT_TODAY_TIP">
+        <source>Delete quick notes not taken today (every second one of a run of older notes each time)</source>
+        <translation>Delete quick notes not taken today (every second one of a run of older notes each time)</translation>
+    </message>
+    <message id="MENU_DELETE_ALL_NOTES">
+        <source>Delete All Notes</source>
+        <translation>Delete All Notes</translation>
+    </message>
+    <message id="MENU_DELETE_ALL_NOTES_TIP">
+        <source>Delete every quick note of this notebook</source>
+        <translation>Delete every quick note of this notebook</translation>
+    </message>
+    <message id="MENU_ACTIVATE_NOTES">
+        <source>Go to Quick Notes</source>
+        <translation>Go to Quick Notes</translation>
+    </message>
+    <message id="MENU_ACTIVATE_NOTES_TIP">
+        <source>Move the keyboard focus to the quick notes list</source>
+        <translation>Move the keyboard focus to the quick notes list</translation>
+    </message>
+    <message id="MENU_HELP">
+        <source>Help</source>
+        <translation>Help</translation>
+    </message>
+    <message id="MENU_CAPTURE_LINKS">
+        <source>Capture Links from Your Browser…</source>
+        <translation>Capture Links from Your Browser…</translation>
+    </message>
+    <message id="MENU_CAPTURE_LINKS_TIP">
+        <source>Show the bookmarklet that sends a web page and its selected text to Vellox as a quick note</source>
+        <translation>Show the bookmarklet that sends a web page and its selected text to Vellox as a quick note</translation>
+    </message>
 </context>
 </TS>

@@ -155,6 +155,31 @@ QList<ActionEntry> buildTable()
       << action("actionPreviewStyles", "menuView", "MENU_PREVIEW_STYLES", "STYLES_BUTTON_TIP",
                 "Ctrl+Alt+S")
 
+      << menu("menuNotes", "", "MENU_NOTES")
+      << action("actionAddNote", "menuNotes", "MENU_ADD_NOTE", "NOTES_ADD_TIP", "Ctrl+Alt+N")
+      << action("actionEditNote", "menuNotes contextMenuNotesList", "MENU_EDIT_NOTE",
+                "NOTES_EDIT_TIP")
+      << action("actionRemoveNote", "menuNotes contextMenuNotesList", "MENU_REMOVE_NOTE",
+                "NOTES_REMOVE_TIP")
+      << separator("menuNotes")
+      << action("actionSendNote", "menuNotes contextMenuNotesList", "MENU_SEND_NOTE",
+                "MENU_SEND_NOTE_TIP", "Ctrl+Alt+Return")
+      << action("actionSendAllNotes", "menuNotes", "MENU_SEND_ALL_NOTES", "MENU_SEND_ALL_NOTES_TIP")
+      << action("actionSendTodaysNotes", "menuNotes", "MENU_SEND_TODAYS_NOTES",
+                "MENU_SEND_TODAYS_NOTES_TIP")
+      << separator("menuNotes")
+      << action("actionDeleteNotesExceptToday", "menuNotes", "MENU_DELETE_NOTES_EXCEPT_TODAY",
+                "MENU_DELETE_NOTES_EXCEPT_TODAY_TIP")
+      << action("actionDeleteAllNotes", "menuNotes", "MENU_DELETE_ALL_NOTES",
+                "MENU_DELETE_ALL_NOTES_TIP")
+      << separator("menuNotes")
+      << action("actionActivateNotes", "menuNotes", "MENU_ACTIVATE_NOTES",
+                "MENU_ACTIVATE_NOTES_TIP", "Ctrl+Alt+0")
+      << action("actionOpenNoteLink", "contextMenuNotesList", "NOTES_LINK_NAME", "NOTES_LINK_TIP")
+
+      << menu("menuHelp", "", "MENU_HELP")
+      << action("actionCaptureLinks", "menuHelp", "MENU_CAPTURE_LINKS", "MENU_CAPTURE_LINKS_TIP")
+
       // The entry list's context menu: its submenus are filled with the notebooks.
       << menu("menuMoveTo", "contextMenuEntryList", "MENU_MOVE_TO")
       << menu("menuDuplicateTo", "contextMenuEntryList", "MENU_DUPLICATE_TO");

@@ -60,6 +60,9 @@ def main():
             "XDG_CONFIG_HOME": os.path.join(home, ".config"),
             "XDG_DATA_HOME": os.path.join(home, ".local", "share"),
             "XDG_CACHE_HOME": os.path.join(home, ".cache"),
+            # A Vellox the developer runs must not take this one's start (root is private).
+            "XDG_RUNTIME_DIR": root,
+            "DBUS_SESSION_BUS_ADDRESS": "unix:path=" + os.path.join(root, "no-bus"),
             "QT_QPA_PLATFORM": "offscreen",
             "QTWEBENGINE_DISABLE_SANDBOX": "1",
         })

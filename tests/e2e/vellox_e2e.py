@@ -85,6 +85,8 @@ class Session:
             "XDG_DATA_HOME": os.path.join(self.home, ".local", "share"),
             "XDG_CACHE_HOME": os.path.join(self.home, ".cache"),
             "XDG_RUNTIME_DIR": runtime,
+            # No session bus: a Vellox the developer runs must not take this one's start.
+            "DBUS_SESSION_BUS_ADDRESS": "unix:path=" + os.path.join(runtime, "no-bus"),
             "QTWEBENGINE_DISABLE_SANDBOX": "1",
             "LANG": "C.UTF-8",
             "LC_ALL": "C.UTF-8",

@@ -3,6 +3,8 @@
 #include "AppController.h"
 #include "CollcetionViewCalendarAppDelegate.h"
 #include "MainWindow.h"
+#include "NotesWiring.h"
+#include "SingleInstance.h"
 #include "core/Localisation.h"
 #include "core/UserDefaults.h"
 #include "library/TerminationSignalHandler.h"
@@ -12,6 +14,8 @@
 #include <QLineEdit>
 
 #include <unistd.h>
+
+#include <utility>
 
 Startup::Startup(UserDefaults &defaults)
     : m_defaults(defaults)
@@ -64,7 +68,25 @@ bool Startup::launch()
     // entries fills it a moment later instead of keeping it from appearing.
     m_controller->window()->repaint();
     m_controller->startTheGame();
+    m_launched = true;
+    openArguments(std::exchange(m_pendingArguments, {}), false);
     return true;
+}
+
+void Startup::openArguments(const QStringList &arguments, bool fromLaterStart)
+{
+    if (!m_launched || !m_controller) {
+        m_pendingArguments += arguments;
+        return;
+    }
+    if (fromLaterStart) {
+        MainWindow *window = m_controller->window();
+        window->setWindowState(window->windowState() & ~Qt::WindowMinimized);
+        window->show();
+        window->raise();
+        window->activateWindow();
+    }
+    openNotesLinks(*m_controller, arguments);
 }
 
 int Startup::run(int argc, char **argv)
@@ -72,7 +94,15 @@ int Startup::run(int argc, char **argv)
     prepareProcess();
     QApplication app(argc, argv);
     configureApplication(app);
+    // A later start hands its arguments (a captured link) to the running Vellox and ends.
+    SingleInstance instance;
+    if (instance.handOverOrListen(app.arguments().mid(1)))
+        return 0;
     Startup startup(UserDefaults::standard());
+    startup.openArguments(app.arguments().mid(1), false);
+    QObject::connect(
+        &instance, &SingleInstance::argumentsReceived, &app,
+        [&startup](const QStringList &arguments) { startup.openArguments(arguments, true); });
     if (!startup.launch())
         return 0;
     return app.exec();

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QStringList>
+
 #include <memory>
 
 class AppController;
@@ -31,6 +33,11 @@ public:
     // then ends with status 0 and nothing was written.
     bool launch();
 
+    // What a start was given (its own or one handed over by a later start): bookmarklet
+    // links become quick notes. A later start's arguments bring the window to the front.
+    // Held until the launch is done.
+    void openArguments(const QStringList &arguments, bool fromLaterStart);
+
     AppController *controller() const { return m_controller.get(); }
     CollcetionViewCalendarAppDelegate *delegate() const { return m_delegate.get(); }
 
@@ -39,4 +46,6 @@ private:
     std::unique_ptr<CollcetionViewCalendarAppDelegate> m_delegate;
     std::unique_ptr<AppController> m_controller;
     std::unique_ptr<TerminationSignalHandler> m_termination;
+    QStringList m_pendingArguments;
+    bool m_launched = false;
 };
