@@ -1,0 +1,152 @@
+#include "library/CreationDate.h"
+#include "library/EntryFileOperations.h"
+#include "support/TestHelpers.h"
+#include "support/TestHome.h"
+
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+#include <QTemporaryDir>
+#include <QtTest>
+
+using namespace EntryFileOperations;
+
+namespace {
+void makeEntry(const QString &folder, const QString &title, const QByteArray &text,
+               bool withAttachment = true)
+{
+    writeBytes(folder + QLatin1Char('/') + title + QStringLiteral(".txt"), text);
+    if (withAttachment) {
+        QDir().mkpath(folder + QLatin1Char('/') + title + QStringLiteral("/sub"));
+        writeBytes(folder + QLatin1Char('/') + title + QStringLiteral("/sub/photo.jpg"),
+                   "jpeg of " + title.toUtf8());
+    }
+}
+} // namespace
+
+class TestEntryFileOperations : public QObject
+{
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { TestHome::instance()->reset(); }
+
+    void trashLandsInTheDesktopTrashWithItsInfo()
+    {
+        QTemporaryDir notebook;
+        makeEntry(notebook.path(), QStringLiteral("Day"), "words");
+        // The data folder is missing: the trash must still be the one under it.
+        const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+        QVERIFY(QDir(data).removeRecursively());
+        const QString workingFolder = QDir::currentPath();
+
+        const Outcome outcome = moveToTrash(notebook.path() + QStringLiteral("/Day.txt"));
+        QVERIFY2(outcome.ok, qPrintable(outcome.error));
+        QCOMPARE(filesIn(notebook.path()), QStringList());
+        const QString trash = data + QStringLiteral("/Trash");
+        QCOMPARE(outcome.path, trash + QStringLiteral("/files/Day.txt"));
+        QCOMPARE(readBytes(trash + QStringLiteral("/files/Day.txt")), QByteArray("words"));
+        QCOMPARE(readBytes(trash + QStringLiteral("/files/Day/sub/photo.jpg")),
+                 QByteArray("jpeg of Day"));
+        const QByteArray info = readBytes(trash + QStringLiteral("/info/Day.txt.trashinfo"));
+        const QByteArray expected =
+            "Path=" + QUrl::toPercentEncoding(notebook.path() + QStringLiteral("/Day.txt"), "/");
+        QVERIFY2(info.contains(QByteArray(expected)), info.constData());
+        QVERIFY(QFile::exists(trash + QStringLiteral("/info/Day.trashinfo")));
+        QVERIFY(!QFile::exists(workingFolder + QStringLiteral("/files/Day.txt")));
+    }
+
+    void trashThatCannotBeUsedLeavesEverythingInPlace()
+    {
+        QTemporaryDir notebook;
+        makeEntry(notebook.path(), QStringLiteral("Day"), "words");
+        // No trash folder can be made where the data folder should be a folder.
+        const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
+        QVERIFY(QDir(data).removeRecursively());
+        writeBytes(data, "not a folder");
+
+        const Outcome outcome = moveToTrash(notebook.path() + QStringLiteral("/Day.txt"));
+        QVERIFY(!outcome.ok);
+        QVERIFY(!outcome.error.isEmpty());
+        QCOMPARE(readBytes(notebook.path() + QStringLiteral("/Day.txt")), QByteArray("words"));
+        QVERIFY(QFile::exists(notebook.path() + QStringLiteral("/Day/sub/photo.jpg")));
+    }
+
+    void renameCarriesTheAttachmentsAndRefusesTakenNames()
+    {
+        QTemporaryDir notebook;
+        const QString n = notebook.path();
+        makeEntry(n, QStringLiteral("Day"), "day text");
+        makeEntry(n, QStringLiteral("Other"), "other text", false);
+        QVERIFY(CreationDate::carry(n + QStringLiteral("/Day.txt"),
+                                    QDateTime(QDate(2020, 1, 2), QTime(3, 4), Qt::UTC)));
+
+        Outcome taken = rename(n + QStringLiteral("/Day.txt"), QStringLiteral("Other"));
+        QVERIFY(!taken.ok);
+        QCOMPARE(filesIn(n), QStringList({"Day", "Day.txt", "Other.txt"}));
+        // A stray folder with the new title would swallow the attachments: refused too.
+        QDir(n).mkdir(QStringLiteral("Night"));
+        QVERIFY(!rename(n + QStringLiteral("/Day.txt"), QStringLiteral("Night")).ok);
+        QDir(n).rmdir(QStringLiteral("Night"));
+
+        const Outcome renamed = rename(n + QStringLiteral("/Day.txt"), QStringLiteral("Night"));
+        QVERIFY2(renamed.ok, qPrintable(renamed.error));
+        QCOMPARE(renamed.path, n + QStringLiteral("/Night.txt"));
+        QCOMPARE(filesIn(n), QStringList({"Night", "Night.txt", "Other.txt"}));
+        QCOMPARE(readBytes(n + QStringLiteral("/Night/sub/photo.jpg")), QByteArray("jpeg of Day"));
+        QCOMPARE(CreationDate::of(n + QStringLiteral("/Night.txt")).toUTC(),
+                 QDateTime(QDate(2020, 1, 2), QTime(3, 4), Qt::UTC));
+    }
+
+    void duplicatesAreNumberedFromTwoWithTheirAttachments()
+    {
+        QTemporaryDir source, target;
+        makeEntry(source.path(), QStringLiteral("Day"), "mine");
+        makeEntry(target.path(), QStringLiteral("Day"), "theirs", false);
+        makeEntry(target.path(), QStringLiteral("Day (2)"), "theirs too", false);
+
+        const Outcome first =
+            copyTo(source.path() + QStringLiteral("/Day.txt"), target.path(), false);
+        QVERIFY2(first.ok, qPrintable(first.error));
+        QCOMPARE(first.path, target.path() + QStringLiteral("/Day (3).txt"));
+        const Outcome second =
+            copyTo(source.path() + QStringLiteral("/Day.txt"), target.path(), false);
+        QCOMPARE(second.path, target.path() + QStringLiteral("/Day (4).txt"));
+        QCOMPARE(readBytes(target.path() + QStringLiteral("/Day (3).txt")), QByteArray("mine"));
+        QCOMPARE(readBytes(target.path() + QStringLiteral("/Day (4)/sub/photo.jpg")),
+                 QByteArray("jpeg of Day"));
+        QCOMPARE(readBytes(target.path() + QStringLiteral("/Day.txt")), QByteArray("theirs"));
+        QCOMPARE(filesIn(source.path()), QStringList({"Day", "Day.txt"}));
+    }
+
+    void moveTakesBundlesWholeAndDeletesTheSourceOnlyAfterACompleteCopy()
+    {
+        QTemporaryDir source, target;
+        const QString bundle = source.path() + QStringLiteral("/Trip.textbundle");
+        QDir().mkpath(bundle + QStringLiteral("/assets"));
+        writeBytes(bundle + QStringLiteral("/text.markdown"), "# Trip");
+        writeBytes(bundle + QStringLiteral("/assets/map.png"), "png");
+
+        const Outcome moved = copyTo(bundle, target.path(), true);
+        QVERIFY2(moved.ok, qPrintable(moved.error));
+        QCOMPARE(filesIn(source.path()), QStringList());
+        QCOMPARE(readBytes(target.path() + QStringLiteral("/Trip.textbundle/assets/map.png")),
+                 QByteArray("png"));
+
+        // An attachment that cannot be copied (a link to nowhere): the source stays whole and
+        // no half copy is left behind.
+        makeEntry(source.path(), QStringLiteral("Day"), "mine");
+        QVERIFY(QFile::link(source.path() + QStringLiteral("/gone"),
+                            source.path() + QStringLiteral("/Day/sub/link")));
+        QTest::ignoreMessage(QtWarningMsg, QRegularExpression(QStringLiteral("^ERROR: ")));
+        const Outcome failed =
+            copyTo(source.path() + QStringLiteral("/Day.txt"), target.path(), true);
+        QVERIFY(!failed.ok);
+        QCOMPARE(readBytes(source.path() + QStringLiteral("/Day.txt")), QByteArray("mine"));
+        QVERIFY(QFile::exists(source.path() + QStringLiteral("/Day/sub/photo.jpg")));
+        QCOMPARE(filesIn(target.path()), QStringList({"Trip.textbundle"}));
+    }
+};
+
+VELLOX_TEST_MAIN(TestEntryFileOperations)
+#include "tst_entryfileoperations.moc"
