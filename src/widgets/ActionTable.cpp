@@ -155,9 +155,30 @@ QList<ActionEntry> buildTable()
       << action("actionPreviewStyles", "menuView", "MENU_PREVIEW_STYLES", "STYLES_BUTTON_TIP",
                 "Ctrl+Alt+S")
 
-      // The entry list's context menu: its submenus are filled with the notebooks.
+      << menu("menuEntry", "", "MENU_ENTRY")
+      << action("actionNextEntry", "menuEntry", "MENU_NEXT_ENTRY", "MENU_NEXT_ENTRY_TIP",
+                "Ctrl+Alt+Down")
+      << action("actionPreviousEntry", "menuEntry", "MENU_PREVIOUS_ENTRY",
+                "MENU_PREVIOUS_ENTRY_TIP", "Ctrl+Alt+Up")
+      << separator("menuEntry")
+      << action("actionInsertDateTime", "menuEntry", "MENU_INSERT_DATE_TIME",
+                "MENU_INSERT_DATE_TIME_TIP", "Ctrl+Shift+D")
+      << separator("menuEntry")
+
+      // The entry list's context menu (and the Entry menu, for the selected entry): its
+      // submenus are filled with the notebooks.
+      << action("actionRenameEntry", "contextMenuEntryList menuEntry", "MENU_RENAME_ENTRY",
+                "MENU_RENAME_ENTRY_TIP")
       << menu("menuMoveTo", "contextMenuEntryList", "MENU_MOVE_TO")
-      << menu("menuDuplicateTo", "contextMenuEntryList", "MENU_DUPLICATE_TO");
+      << menu("menuDuplicateTo", "contextMenuEntryList", "MENU_DUPLICATE_TO")
+      << action("actionDeleteEntry", "contextMenuEntryList menuEntry", "MENU_DELETE_ENTRY",
+                "MENU_DELETE_ENTRY_TIP")
+      << separator("contextMenuEntryList menuEntry")
+      << action("actionShowInFileBrowser", "contextMenuEntryList menuEntry",
+                "MENU_SHOW_IN_FILE_BROWSER", "MENU_SHOW_IN_FILE_BROWSER_TIP")
+      << action("actionShowAttachmentsInFileBrowser", "contextMenuEntryList menuEntry",
+                "MENU_SHOW_ATTACHMENTS_IN_FILE_BROWSER",
+                "MENU_SHOW_ATTACHMENTS_IN_FILE_BROWSER_TIP");
     return t;
 }
 
