@@ -563,5 +563,21 @@
         <source>Open the entry’s attachments folder in the file browser</source>
         <translation>Open the entry’s attachments folder in the file browser</translation>
     </message>
+    <message id="MENU_PRINT">
+        <source>Print…</source>
+        <translation>Print…</translation>
+    </message>
+    <message id="MENU_PRINT_TIP">
+        <source>Print the entry’s text, or save it as a PDF file</source>
+        <translation>Print the entry’s text, or save it as a PDF file</translation>
+    </message>
+    <message id="MENU_OPEN_IN_SIDE_EDITOR">
+        <source>Open in Separate Window</source>
+        <translation>Open in Separate Window</translation>
+    </message>
+    <message id="MENU_OPEN_IN_SIDE_EDITOR_TIP">
+        <source>Edit the entry in a small window of its own beside this one</source>
+        <translation>Edit the entry in a small window of its own beside this one</translation>
+    </message>
 </context>
 </TS>

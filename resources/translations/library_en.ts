@@ -239,5 +239,33 @@
         <source>Rename Entry</source>
         <translation>Rename Entry</translation>
     </message>
+    <message id="PRINT_DIALOG_TITLE">
+        <source>Print Entry</source>
+        <translation>Print Entry</translation>
+    </message>
+    <message id="SIDE_EDITOR_CHANGED_ON_DISK">
+        <source>The file was changed elsewhere meanwhile, so it was not written over. Copy your words, close this window and open the entry again.</source>
+        <translation>The file was changed elsewhere meanwhile, so it was not written over. Copy your words, close this window and open the entry again.</translation>
+    </message>
+    <message id="SIDE_EDITOR_PROBLEM_NAME">
+        <source>Why this file is not being saved</source>
+        <translation>Why this file is not being saved</translation>
+    </message>
+    <message id="SIDE_EDITOR_SAVE_FAILED">
+        <source>Could not save (%1). Your words stay here.</source>
+        <translation>Could not save (%1). Your words stay here.</translation>
+    </message>
+    <message id="SIDE_EDITOR_TEXT_NAME">
+        <source>Entry text</source>
+        <translation>Entry text</translation>
+    </message>
+    <message id="SIDE_EDITOR_TEXT_TIP">
+        <source>The entry's text; it is saved when you switch away or close the window</source>
+        <translation>The entry's text; it is saved when you switch away or close the window</translation>
+    </message>
+    <message id="SIDE_EDITOR_UNREADABLE">
+        <source>“%1” could not be read (%2). It is shown read-only so nothing is written over it.</source>
+        <translation>“%1” could not be read (%2). It is shown read-only so nothing is written over it.</translation>
+    </message>
 </context>
 </TS>

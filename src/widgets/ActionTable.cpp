@@ -67,6 +67,8 @@ QList<ActionEntry> buildTable()
         standard("actionPreferences", "menuFile", "MENU_PREFERENCES", "MENU_PREFERENCES_TIP",
                  QKeySequence::Preferences),
         separator("menuFile"),
+        standard("actionPrint", "menuFile", "MENU_PRINT", "MENU_PRINT_TIP", QKeySequence::Print),
+        separator("menuFile"),
         standard("actionQuit", "menuFile", "MENU_QUIT", "MENU_QUIT_TIP", QKeySequence::Quit),
 
         menu("menuEdit", "", "MENU_EDIT"),
@@ -167,6 +169,8 @@ QList<ActionEntry> buildTable()
 
       // The entry list's context menu (and the Entry menu, for the selected entry): its
       // submenus are filled with the notebooks.
+      << action("actionOpenInSideEditor", "contextMenuEntryList menuEntry",
+                "MENU_OPEN_IN_SIDE_EDITOR", "MENU_OPEN_IN_SIDE_EDITOR_TIP")
       << action("actionRenameEntry", "contextMenuEntryList menuEntry", "MENU_RENAME_ENTRY",
                 "MENU_RENAME_ENTRY_TIP")
       << menu("menuMoveTo", "contextMenuEntryList", "MENU_MOVE_TO")

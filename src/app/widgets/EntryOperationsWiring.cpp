@@ -4,6 +4,7 @@
 #include "MainWindow.h"
 #include "library/widgets/EntryController.h"
 #include "library/widgets/EntryOperationsController.h"
+#include "library/widgets/EntryPrinter.h"
 #include "search/widgets/TitleSearchController.h"
 #include "widgets/MessageBar.h"
 
@@ -68,6 +69,11 @@ void wireEntryOperations(AppController &app)
     on("actionNextEntry", [operations] { operations->selectNextItemInTable(); });
     on("actionPreviousEntry", [operations] { operations->selectPreviousItemInTable(); });
     on("actionInsertDateTime", [operations] { operations->insertCurrentDateAndTime(); });
+    on("actionOpenInSideEditor",
+       [operations] { operations->tableviewContextOpenFile(operations->targetFileName()); });
+    on("actionPrint", [&app] {
+        EntryPrinter::printTheText(app.window(), app.entries()->editor().string(), app.defaults());
+    });
     on("actionRenameEntry", [operations] { operations->tableviewContextRenameFile(); });
     on("actionDeleteEntry",
        [operations] { operations->deleteEntry(operations->targetFileName()); });

@@ -10,6 +10,8 @@
 #include "library/widgets/EntryController.h"
 #include "library/widgets/FileBrowser.h"
 #include "library/widgets/RenameSheet.h"
+#include "library/widgets/SideFileEditor.h"
+#include "render/MarkupLanguage.h"
 #include "widgets/MessageBar.h"
 
 #include <QApplication>
@@ -226,6 +228,25 @@ bool EntryOperationsController::deleteEntry(const QString &fileName)
         m_entries->loadFilesForSelectedNoticeBlock();
     m_entries->loadFilesForSelectedNoticeBlockAndSelectItemWithFilename(nameToSelect);
     return true;
+}
+
+// ---- side editor ----------------------------------------------------------------------------
+
+SideFileEditor *EntryOperationsController::tableviewContextOpenFile(const QString &fileName)
+{
+    if (fileName.isEmpty()) {
+        beep();
+        return nullptr;
+    }
+    // The main window's pending words go first, so the side window starts from them.
+    flushIfOpen(fileName);
+    const EntryDocument doc(m_entries->notebookPath(),
+                            EntryDirectory::deletingPathExtension(fileName),
+                            EntryDirectory::pathExtension(fileName));
+    auto *editor = new SideFileEditor(m_defaults, m_entries->list()->view()->window());
+    editor->loadFrameWithContentsOfPath(
+        AppPaths::expandTilde(doc.textPath(MarkupLanguage::current(m_defaults))), fileName);
+    return editor;
 }
 
 // ---- file browser and date -------------------------------------------------------------------

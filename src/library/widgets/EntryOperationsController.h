@@ -8,6 +8,7 @@ class EntryController;
 class MessageBar;
 class NotebookRegistry;
 class RenameSheet;
+class SideFileEditor;
 class UserDefaults;
 
 // What the user does to whole entries of the current notebook: next and previous, rename,
@@ -43,6 +44,9 @@ public:
     bool tableViewContextFileMoveAction(const QString &fileName, int notebookIndex,
                                         bool deleteOriginal);
     bool deleteEntry(const QString &fileName);
+
+    // A side editor window on the entry's text file (a bundle's text item).
+    SideFileEditor *tableviewContextOpenFile(const QString &fileName);
 
     void showFileInFileBrowser(const QString &fileName);
     void showAttachmentsInFileBrowser(const QString &fileName);
