@@ -579,5 +579,13 @@
         <source>Edit the entry in a small window of its own beside this one</source>
         <translation>Edit the entry in a small window of its own beside this one</translation>
     </message>
+    <message id="MENU_OPEN_WITH">
+        <source>Open With</source>
+        <translation>Open With</translation>
+    </message>
+    <message id="OPEN_WITH_ITEM_TIP">
+        <source>Open the entry with %1</source>
+        <translation>Open the entry with %1</translation>
+    </message>
 </context>
 </TS>

@@ -267,5 +267,9 @@
         <source>“%1” could not be read (%2). It is shown read-only so nothing is written over it.</source>
         <translation>“%1” could not be read (%2). It is shown read-only so nothing is written over it.</translation>
     </message>
+    <message id="ENTRY_OPEN_WITH_FAILED">
+        <source>“%1” could not be opened in the other application (%2).</source>
+        <translation>“%1” could not be opened in the other application (%2).</translation>
+    </message>
 </context>
 </TS>

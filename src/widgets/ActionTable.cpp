@@ -173,8 +173,9 @@ QList<ActionEntry> buildTable()
                 "MENU_OPEN_IN_SIDE_EDITOR", "MENU_OPEN_IN_SIDE_EDITOR_TIP")
       << action("actionRenameEntry", "contextMenuEntryList menuEntry", "MENU_RENAME_ENTRY",
                 "MENU_RENAME_ENTRY_TIP")
-      << menu("menuMoveTo", "contextMenuEntryList", "MENU_MOVE_TO")
-      << menu("menuDuplicateTo", "contextMenuEntryList", "MENU_DUPLICATE_TO")
+      << menu("menuOpenWith", "contextMenuEntryList menuEntry", "MENU_OPEN_WITH")
+      << menu("menuMoveTo", "contextMenuEntryList menuEntry", "MENU_MOVE_TO")
+      << menu("menuDuplicateTo", "contextMenuEntryList menuEntry", "MENU_DUPLICATE_TO")
       << action("actionDeleteEntry", "contextMenuEntryList menuEntry", "MENU_DELETE_ENTRY",
                 "MENU_DELETE_ENTRY_TIP")
       << separator("contextMenuEntryList menuEntry")

@@ -1,4 +1,5 @@
 #include "library/CreationDate.h"
+#include "library/DesktopApplications.h"
 #include "library/EntryFileOperations.h"
 #include "support/TestHelpers.h"
 #include "support/TestHome.h"
@@ -145,6 +146,41 @@ private Q_SLOTS:
         QCOMPARE(readBytes(source.path() + QStringLiteral("/Day.txt")), QByteArray("mine"));
         QVERIFY(QFile::exists(source.path() + QStringLiteral("/Day/sub/photo.jpg")));
         QCOMPARE(filesIn(target.path()), QStringList({"Trip.textbundle"}));
+    }
+
+    void openWithListsAndLaunchesTheDesktopsApplications()
+    {
+        QTemporaryDir notebook;
+        const QString entry = notebook.path() + QStringLiteral("/Day.txt");
+        writeBytes(entry, "words");
+        // An application of our own, installed for this user only: it copies what it opens.
+        const QString opened = notebook.path() + QStringLiteral("/opened");
+        const QString script = notebook.path() + QStringLiteral("/opener.sh");
+        writeBytes(script, "#!/bin/sh\ncp \"$1\" \"" + opened.toUtf8() + "\"\n");
+        QFile::setPermissions(script, QFileDevice::ReadOwner | QFileDevice::ExeOwner);
+        const QString applications =
+            QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) +
+            QStringLiteral("/applications");
+        QDir().mkpath(applications);
+        writeBytes(applications + QStringLiteral("/vellox-test-opener.desktop"),
+                   "[Desktop Entry]\nType=Application\nName=Test Opener\nExec=" + script.toUtf8() +
+                       " %f\nMimeType=text/plain;\n");
+        // What the desktop's update-desktop-database would write for it.
+        writeBytes(applications + QStringLiteral("/mimeinfo.cache"),
+                   "[MIME Cache]\ntext/plain=vellox-test-opener.desktop;\n");
+
+        QCOMPARE(DesktopApplications::mimeTypeOf(entry), QStringLiteral("text/plain"));
+        const QList<DesktopApplication> found = DesktopApplications::forMimeType("text/plain");
+        const auto ours = std::find_if(found.begin(), found.end(), [](const auto &application) {
+            return application.id == QLatin1String("vellox-test-opener.desktop");
+        });
+        QVERIFY(ours != found.end());
+        QCOMPARE(ours->name, QStringLiteral("Test Opener"));
+        QString error;
+        QVERIFY2(DesktopApplications::launch(ours->id, entry, &error), qPrintable(error));
+        QTRY_COMPARE(readBytes(opened), QByteArray("words"));
+        QVERIFY(!DesktopApplications::launch(QStringLiteral("no-such.desktop"), entry, &error));
+        QVERIFY(!error.isEmpty());
     }
 };
 

@@ -4,6 +4,7 @@
 #include "core/UserDefaults.h"
 #include "editor/widgets/EnhancedTextView.h"
 #include "library/DateTimeText.h"
+#include "library/DesktopApplications.h"
 #include "library/EntryDirectory.h"
 #include "library/EntryFileOperations.h"
 #include "library/NotebookRegistry.h"
@@ -247,6 +248,39 @@ SideFileEditor *EntryOperationsController::tableviewContextOpenFile(const QStrin
     editor->loadFrameWithContentsOfPath(
         AppPaths::expandTilde(doc.textPath(MarkupLanguage::current(m_defaults))), fileName);
     return editor;
+}
+
+// ---- other applications -------------------------------------------------------------------
+
+QString EntryOperationsController::openWithPath(const QString &fileName) const
+{
+    if (fileName.isEmpty())
+        return QString();
+    const EntryDocument doc(m_entries->notebookPath(),
+                            EntryDirectory::deletingPathExtension(fileName),
+                            EntryDirectory::pathExtension(fileName));
+    return AppPaths::expandTilde(doc.isBundle() ? doc.textPath(MarkupLanguage::current(m_defaults))
+                                                : doc.entryPath());
+}
+
+bool EntryOperationsController::editCurrentEntryInAnotherEditor(const QString &fileName,
+                                                                const QString &applicationId)
+{
+    const QString path = openWithPath(fileName);
+    if (applicationId.isEmpty() || path.isEmpty() || !QFileInfo::exists(path)) {
+        beep();
+        return false;
+    }
+    // The other application starts from the words typed here.
+    flushIfOpen(fileName);
+    QString error;
+    if (!DesktopApplications::launch(applicationId, path, &error)) {
+        //% "“%1” could not be opened in the other application (%2)."
+        fail(qtTrId("ENTRY_OPEN_WITH_FAILED")
+                 .arg(EntryDirectory::deletingPathExtension(fileName), error));
+        return false;
+    }
+    return true;
 }
 
 // ---- file browser and date -------------------------------------------------------------------

@@ -48,6 +48,10 @@ public:
     // A side editor window on the entry's text file (a bundle's text item).
     SideFileEditor *tableviewContextOpenFile(const QString &fileName);
 
+    // The file another application opens for the entry: a bundle's text item.
+    QString openWithPath(const QString &fileName) const;
+    bool editCurrentEntryInAnotherEditor(const QString &fileName, const QString &applicationId);
+
     void showFileInFileBrowser(const QString &fileName);
     void showAttachmentsInFileBrowser(const QString &fileName);
     void insertCurrentDateAndTime();
