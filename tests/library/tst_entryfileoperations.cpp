@@ -1,4 +1,3 @@
-#include "library/CreationDate.h"
 #include "library/DesktopApplications.h"
 #include "library/EntryFileOperations.h"
 #include "support/TestHelpers.h"
@@ -79,8 +78,6 @@ private Q_SLOTS:
         const QString n = notebook.path();
         makeEntry(n, QStringLiteral("Day"), "day text");
         makeEntry(n, QStringLiteral("Other"), "other text", false);
-        QVERIFY(CreationDate::carry(n + QStringLiteral("/Day.txt"),
-                                    QDateTime(QDate(2020, 1, 2), QTime(3, 4), Qt::UTC)));
 
         Outcome taken = rename(n + QStringLiteral("/Day.txt"), QStringLiteral("Other"));
         QVERIFY(!taken.ok);
@@ -95,29 +92,6 @@ private Q_SLOTS:
         QCOMPARE(renamed.path, n + QStringLiteral("/Night.txt"));
         QCOMPARE(filesIn(n), QStringList({"Night", "Night.txt", "Other.txt"}));
         QCOMPARE(readBytes(n + QStringLiteral("/Night/sub/photo.jpg")), QByteArray("jpeg of Day"));
-        QCOMPARE(CreationDate::of(n + QStringLiteral("/Night.txt")).toUTC(),
-                 QDateTime(QDate(2020, 1, 2), QTime(3, 4), Qt::UTC));
-    }
-
-    void duplicatesAreNumberedFromTwoWithTheirAttachments()
-    {
-        QTemporaryDir source, target;
-        makeEntry(source.path(), QStringLiteral("Day"), "mine");
-        makeEntry(target.path(), QStringLiteral("Day"), "theirs", false);
-        makeEntry(target.path(), QStringLiteral("Day (2)"), "theirs too", false);
-
-        const Outcome first =
-            copyTo(source.path() + QStringLiteral("/Day.txt"), target.path(), false);
-        QVERIFY2(first.ok, qPrintable(first.error));
-        QCOMPARE(first.path, target.path() + QStringLiteral("/Day (3).txt"));
-        const Outcome second =
-            copyTo(source.path() + QStringLiteral("/Day.txt"), target.path(), false);
-        QCOMPARE(second.path, target.path() + QStringLiteral("/Day (4).txt"));
-        QCOMPARE(readBytes(target.path() + QStringLiteral("/Day (3).txt")), QByteArray("mine"));
-        QCOMPARE(readBytes(target.path() + QStringLiteral("/Day (4)/sub/photo.jpg")),
-                 QByteArray("jpeg of Day"));
-        QCOMPARE(readBytes(target.path() + QStringLiteral("/Day.txt")), QByteArray("theirs"));
-        QCOMPARE(filesIn(source.path()), QStringList({"Day", "Day.txt"}));
     }
 
     void moveTakesBundlesWholeAndDeletesTheSourceOnlyAfterACompleteCopy()

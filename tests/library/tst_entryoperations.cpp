@@ -1,5 +1,6 @@
 #include "core/UserDefaults.h"
 #include "editor/widgets/Vellox_EnhancedTextView.h"
+#include "library/CreationDate.h"
 #include "library/NotebookRegistry.h"
 #include "library/widgets/EntryController.h"
 #include "library/widgets/EntryOperationsController.h"
@@ -126,6 +127,10 @@ private Q_SLOTS:
     {
         Window w;
         writeBytes(w.in("Day.txt"), "mine");
+        QDir().mkpath(w.in("Day"));
+        writeBytes(w.in("Day/photo.jpg"), "jpeg");
+        const QDateTime created(QDate(2020, 1, 2), QTime(3, 4), Qt::UTC);
+        QVERIFY(CreationDate::carry(w.in("Day.txt"), created));
         writeBytes(w.there.path() + QStringLiteral("/Day.txt"), "theirs");
         w.open();
         w.select(0);
@@ -133,7 +138,11 @@ private Q_SLOTS:
         QVERIFY(w.ops->duplicateEntry(QStringLiteral("Day.txt"), 1));
         QVERIFY(w.ops->moveEntry(QStringLiteral("Day.txt"), 1));
         QCOMPARE(filesIn(w.there.path()),
-                 QStringList({"Day (2).txt", "Day (3).txt", "Day (4).txt", "Day.txt"}));
+                 QStringList({"Day (2)", "Day (2).txt", "Day (3)", "Day (3).txt", "Day (4)",
+                              "Day (4).txt", "Day.txt"}));
+        QCOMPARE(readBytes(w.there.path() + QStringLiteral("/Day (3)/photo.jpg")), "jpeg");
+        QCOMPARE(CreationDate::of(w.there.path() + QStringLiteral("/Day (2).txt")).toUTC(),
+                 created);
         QCOMPARE(readBytes(w.there.path() + QStringLiteral("/Day (4).txt")), QByteArray("mine"));
         QCOMPARE(filesIn(w.here.path()), QStringList());
         QCOMPARE(w.title->text(), QString());
