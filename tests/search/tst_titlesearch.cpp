@@ -60,14 +60,6 @@ private Q_SLOTS:
         // The quick-note file never counts, whatever the entry extension.
         QCOMPARE(searchFor(n, QStringLiteral("moon"), QStringLiteral("stfn")), QStringList());
         QVERIFY(!QFile::exists(GrepSearch::scriptPath()));
-
-        // Names and contents together, in plain order; the row of the title ignores case.
-        const QStringList result = GrepSearch::resultList(
-            searchFor(n, QStringLiteral("day"), QStringLiteral("txt")),
-            GrepSearch::nameMatches(n, QStringLiteral("day"), QStringLiteral("txt")));
-        QCOMPARE(result, QStringList({"Day.txt"}));
-        QCOMPARE(GrepSearch::rowToSelect({"Day.txt", "Days.txt", "Night.txt"}, "dAY"), 0);
-        QCOMPARE(GrepSearch::rowToSelect({"Days.txt", "Night.txt"}, "day"), -1);
     }
 
     void bundleNotebookListsEachBundleOnce()

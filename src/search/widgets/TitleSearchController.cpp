@@ -25,7 +25,9 @@ void TitleSearchController::onTitleChanged(const QString &title)
     if (title.isEmpty()) {
         m_delay.stop();
         m_search.cancel();
-        if (m_entries->list()->isNarrowed()) {
+        // The whole notebook again, with whatever came or went meanwhile; a list that still
+        // shows unsaved words' entry is left alone unless it was narrowed.
+        if (m_entries->list()->isNarrowed() || !m_entries->hasUnsavedText()) {
             m_entries->list()->relist();
             m_entries->list()->view()->scrollToTop();
         }
