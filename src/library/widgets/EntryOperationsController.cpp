@@ -1,6 +1,8 @@
 #include "EntryOperationsController.h"
 
 #include "core/AppPaths.h"
+#include "core/NotificationCenter.h"
+#include "core/Notifications.h"
 #include "core/UserDefaults.h"
 #include "editor/widgets/EnhancedTextView.h"
 #include "library/DateTimeText.h"
@@ -33,7 +35,14 @@ EntryOperationsController::EntryOperationsController(EntryController *entries,
     , m_registry(registry)
     , m_messageBar(messageBar)
     , m_defaults(defaults)
-{}
+{
+    // Swipes and other windows step through the entries the same way.
+    NotificationCenter &center = NotificationCenter::defaultCenter();
+    center.addObserver(this, Notifications::SelectNext,
+                       [this](const Notification &) { selectNextItemInTable(); });
+    center.addObserver(this, Notifications::SelectPrevious,
+                       [this](const Notification &) { selectPreviousItemInTable(); });
+}
 
 QString EntryOperationsController::targetFileName() const
 {

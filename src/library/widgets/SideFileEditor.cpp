@@ -1,5 +1,7 @@
 #include "SideFileEditor.h"
 
+#include "core/NotificationCenter.h"
+#include "core/Notifications.h"
 #include "editor/widgets/EnhancedTextView.h"
 #include "library/EntryLoader.h"
 #include "library/EntrySaver.h"
@@ -37,10 +39,18 @@ SideFileEditor::SideFileEditor(UserDefaults &defaults, QWidget *mainWindow)
     m_saveTimer.setSingleShot(true);
     m_saveTimer.setInterval(1000);
     connect(&m_saveTimer, &QTimer::timeout, this, &SideFileEditor::saveChanges);
+    // Each change is announced as the side editors' own; this window saves a second after
+    // the last change it made.
     connect(m_view, &QPlainTextEdit::textChanged, this, [this] {
         if (!m_settingText && !m_readOnly)
-            m_saveTimer.start();
+            NotificationCenter::defaultCenter().post(
+                Notifications::MiniEditorTextChangedShouldBeSaved, this);
     });
+    NotificationCenter::defaultCenter().addObserver(
+        this, Notifications::MiniEditorTextChangedShouldBeSaved, [this](const Notification &n) {
+            if (n.sender() == this)
+                m_saveTimer.start();
+        });
     if (mainWindow) {
         // Each new one a little further down, so several stay visible.
         static int placed = 0;
