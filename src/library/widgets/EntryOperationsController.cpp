@@ -67,6 +67,12 @@ void EntryOperationsController::fail(const QString &text)
         m_messageBar->showMessage(kTopic, MessageBar::Warning, text);
 }
 
+void EntryOperationsController::clearMessage()
+{
+    if (m_messageBar)
+        m_messageBar->removeMessage(kTopic);
+}
+
 bool EntryOperationsController::isOpen(const QString &fileName) const
 {
     const EntryDocument &doc = m_entries->document();
@@ -143,7 +149,7 @@ bool EntryOperationsController::renameEntry(const QString &fileName, const QStri
                  .arg(EntryDirectory::deletingPathExtension(fileName), outcome.error));
         return false;
     }
-    m_messageBar->removeMessage(kTopic);
+    clearMessage();
     const QString newName = QFileInfo(outcome.path).fileName();
     m_entries->loadFilesForSelectedNoticeBlockAndSelectItemWithFilename(newName);
     if (wasOpen && m_entries->selectedFileName() != newName) {
@@ -192,7 +198,7 @@ bool EntryOperationsController::tableViewContextFileMoveAction(const QString &fi
         // (%2)."
         fail(qtTrId("ENTRY_MOVE_SOURCE_KEPT").arg(title, outcome.error));
     } else {
-        m_messageBar->removeMessage(kTopic);
+        clearMessage();
     }
     const bool intoThisNotebook =
         QFileInfo(target) == QFileInfo(m_entries->list()->notebookFolder());
@@ -232,7 +238,7 @@ bool EntryOperationsController::deleteEntry(const QString &fileName)
                  .arg(EntryDirectory::deletingPathExtension(fileName), outcome.error));
         return false;
     }
-    m_messageBar->removeMessage(kTopic);
+    clearMessage();
     // The editor lets go of a trashed entry: its next save would bring the file back.
     if (isOpen(fileName) || nameToSelect.isEmpty() || clicked == selected)
         m_entries->loadFilesForSelectedNoticeBlock();

@@ -65,6 +65,7 @@ Q_SIGNALS:
 private:
     void beep();
     void fail(const QString &text);
+    void clearMessage();
     // Saves the open entry first when it is this one; false (and said so) when that failed.
     bool flushIfOpen(const QString &fileName);
     bool isOpen(const QString &fileName) const;
