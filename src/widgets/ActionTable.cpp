@@ -165,23 +165,22 @@ QList<ActionEntry> buildTable()
       << separator("menuEntry")
       << action("actionInsertDateTime", "menuEntry", "MENU_INSERT_DATE_TIME",
                 "MENU_INSERT_DATE_TIME_TIP", "Ctrl+Shift+D")
-      << separator("menuEntry")
 
-      // The entry list's context menu (and the Entry menu, for the selected entry): its
-      // submenus are filled with the notebooks.
-      << action("actionOpenInSideEditor", "contextMenuEntryList menuEntry",
-                "MENU_OPEN_IN_SIDE_EDITOR", "MENU_OPEN_IN_SIDE_EDITOR_TIP")
-      << action("actionRenameEntry", "contextMenuEntryList menuEntry", "MENU_RENAME_ENTRY",
+      // The entry list's context menu, for the clicked entry (the menu key: the current one):
+      // its submenus are filled with the notebooks and the applications.
+      << action("actionOpenInSideEditor", "contextMenuEntryList", "MENU_OPEN_IN_SIDE_EDITOR",
+                "MENU_OPEN_IN_SIDE_EDITOR_TIP")
+      << action("actionRenameEntry", "contextMenuEntryList", "MENU_RENAME_ENTRY",
                 "MENU_RENAME_ENTRY_TIP")
-      << menu("menuOpenWith", "contextMenuEntryList menuEntry", "MENU_OPEN_WITH")
-      << menu("menuMoveTo", "contextMenuEntryList menuEntry", "MENU_MOVE_TO")
-      << menu("menuDuplicateTo", "contextMenuEntryList menuEntry", "MENU_DUPLICATE_TO")
-      << action("actionDeleteEntry", "contextMenuEntryList menuEntry", "MENU_DELETE_ENTRY",
+      << menu("menuOpenWith", "contextMenuEntryList", "MENU_OPEN_WITH")
+      << menu("menuMoveTo", "contextMenuEntryList", "MENU_MOVE_TO")
+      << menu("menuDuplicateTo", "contextMenuEntryList", "MENU_DUPLICATE_TO")
+      << action("actionDeleteEntry", "contextMenuEntryList", "MENU_DELETE_ENTRY",
                 "MENU_DELETE_ENTRY_TIP")
-      << separator("contextMenuEntryList menuEntry")
-      << action("actionShowInFileBrowser", "contextMenuEntryList menuEntry",
-                "MENU_SHOW_IN_FILE_BROWSER", "MENU_SHOW_IN_FILE_BROWSER_TIP")
-      << action("actionShowAttachmentsInFileBrowser", "contextMenuEntryList menuEntry",
+      << separator("contextMenuEntryList")
+      << action("actionShowInFileBrowser", "contextMenuEntryList", "MENU_SHOW_IN_FILE_BROWSER",
+                "MENU_SHOW_IN_FILE_BROWSER_TIP")
+      << action("actionShowAttachmentsInFileBrowser", "contextMenuEntryList",
                 "MENU_SHOW_ATTACHMENTS_IN_FILE_BROWSER",
                 "MENU_SHOW_ATTACHMENTS_IN_FILE_BROWSER_TIP");
     return t;

@@ -92,8 +92,6 @@ void wireEntryOperations(AppController &app)
                                                      window->messageBar(), app.defaults(), &app);
     QMenu *openWith = window->menu(QStringLiteral("menuOpenWith"));
     new ClickedRowTracker(window->entryList(), openWith, operations);
-    QObject::connect(window->menu(QStringLiteral("menuEntry")), &QMenu::aboutToShow, operations,
-                     [openWith, operations] { fillOpenWith(openWith, operations); });
     QObject::connect(openWith, &QMenu::triggered, operations, [operations](QAction *item) {
         operations->editCurrentEntryInAnotherEditor(operations->targetFileName(),
                                                     item->data().toString());
