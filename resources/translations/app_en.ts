@@ -579,5 +579,9 @@
         <source>Show the bookmarklet that sends a web page and its selected text to Vellox as a quick note</source>
         <translation>Show the bookmarklet that sends a web page and its selected text to Vellox as a quick note</translation>
     </message>
+    <message id="OPEN_WITH_ITEM_TIP">
+        <source>Open the entry with %1</source>
+        <translation>Open the entry with %1</translation>
+    </message>
 </context>
 </TS>

@@ -191,5 +191,85 @@
         <source>Your changes are not saved</source>
         <translation>Your changes are not saved</translation>
     </message>
+    <message id="ENTRY_COPY_FAILED">
+        <source>“%1” could not be copied to the other notebook (%2). It stays where it is.</source>
+        <translation>“%1” could not be copied to the other notebook (%2). It stays where it is.</translation>
+    </message>
+    <message id="ENTRY_MOVE_SOURCE_KEPT">
+        <source>“%1” was copied to the other notebook, but could not be removed from this one (%2).</source>
+        <translation>“%1” was copied to the other notebook, but could not be removed from this one (%2).</translation>
+    </message>
+    <message id="ENTRY_OPERATION_UNSAVED">
+        <source>“%1” was left as it is: its latest changes could not be saved first.</source>
+        <translation>“%1” was left as it is: its latest changes could not be saved first.</translation>
+    </message>
+    <message id="ENTRY_RENAME_FAILED">
+        <source>“%1” could not be renamed (%2). It keeps its name.</source>
+        <translation>“%1” could not be renamed (%2). It keeps its name.</translation>
+    </message>
+    <message id="ENTRY_TRASH_FAILED">
+        <source>“%1” could not be moved to the trash (%2). It is still in the notebook.</source>
+        <translation>“%1” could not be moved to the trash (%2). It is still in the notebook.</translation>
+    </message>
+    <message id="RENAME_NAME_EXISTS">
+        <source>Name already exists</source>
+        <translation>Name already exists</translation>
+    </message>
+    <message id="RENAME_SHEET_CANCEL_TIP">
+        <source>Leave the name as it is</source>
+        <translation>Leave the name as it is</translation>
+    </message>
+    <message id="RENAME_SHEET_FIELD">
+        <source>New title</source>
+        <translation>New title</translation>
+    </message>
+    <message id="RENAME_SHEET_FIELD_TIP">
+        <source>The entry's new title; its attachments folder is renamed with it</source>
+        <translation>The entry's new title; its attachments folder is renamed with it</translation>
+    </message>
+    <message id="RENAME_SHEET_OK_TIP">
+        <source>Rename the entry</source>
+        <translation>Rename the entry</translation>
+    </message>
+    <message id="RENAME_SHEET_PROMPT">
+        <source>New name of “%1”:</source>
+        <translation>New name of “%1”:</translation>
+    </message>
+    <message id="RENAME_SHEET_TITLE">
+        <source>Rename Entry</source>
+        <translation>Rename Entry</translation>
+    </message>
+    <message id="PRINT_DIALOG_TITLE">
+        <source>Print Entry</source>
+        <translation>Print Entry</translation>
+    </message>
+    <message id="SIDE_EDITOR_CHANGED_ON_DISK">
+        <source>The file was changed elsewhere meanwhile, so it was not written over. Copy your words, close this window and open the entry again.</source>
+        <translation>The file was changed elsewhere meanwhile, so it was not written over. Copy your words, close this window and open the entry again.</translation>
+    </message>
+    <message id="SIDE_EDITOR_PROBLEM_NAME">
+        <source>Why this file is not being saved</source>
+        <translation>Why this file is not being saved</translation>
+    </message>
+    <message id="SIDE_EDITOR_SAVE_FAILED">
+        <source>Could not save (%1). Your words stay here.</source>
+        <translation>Could not save (%1). Your words stay here.</translation>
+    </message>
+    <message id="SIDE_EDITOR_TEXT_NAME">
+        <source>Entry text</source>
+        <translation>Entry text</translation>
+    </message>
+    <message id="SIDE_EDITOR_TEXT_TIP">
+        <source>The entry's text; it is saved when you switch away or close the window</source>
+        <translation>The entry's text; it is saved when you switch away or close the window</translation>
+    </message>
+    <message id="SIDE_EDITOR_UNREADABLE">
+        <source>“%1” could not be read (%2). It is shown read-only so nothing is written over it.</source>
+        <translation>“%1” could not be read (%2). It is shown read-only so nothing is written over it.</translation>
+    </message>
+    <message id="ENTRY_OPEN_WITH_FAILED">
+        <source>“%1” could not be opened in the other application (%2).</source>
+        <translation>“%1” could not be opened in the other application (%2).</translation>
+    </message>
 </context>
 </TS>

@@ -67,6 +67,8 @@ QList<ActionEntry> buildTable()
         standard("actionPreferences", "menuFile", "MENU_PREFERENCES", "MENU_PREFERENCES_TIP",
                  QKeySequence::Preferences),
         separator("menuFile"),
+        standard("actionPrint", "menuFile", "MENU_PRINT", "MENU_PRINT_TIP", QKeySequence::Print),
+        separator("menuFile"),
         standard("actionQuit", "menuFile", "MENU_QUIT", "MENU_QUIT_TIP", QKeySequence::Quit),
 
         menu("menuEdit", "", "MENU_EDIT"),
@@ -155,6 +157,15 @@ QList<ActionEntry> buildTable()
       << action("actionPreviewStyles", "menuView", "MENU_PREVIEW_STYLES", "STYLES_BUTTON_TIP",
                 "Ctrl+Alt+S")
 
+      << menu("menuEntry", "", "MENU_ENTRY")
+      << action("actionNextEntry", "menuEntry", "MENU_NEXT_ENTRY", "MENU_NEXT_ENTRY_TIP",
+                "Ctrl+Alt+Down")
+      << action("actionPreviousEntry", "menuEntry", "MENU_PREVIOUS_ENTRY",
+                "MENU_PREVIOUS_ENTRY_TIP", "Ctrl+Alt+Up")
+      << separator("menuEntry")
+      << action("actionInsertDateTime", "menuEntry", "MENU_INSERT_DATE_TIME",
+                "MENU_INSERT_DATE_TIME_TIP", "Ctrl+Shift+D")
+
       << menu("menuNotes", "", "MENU_NOTES")
       << action("actionAddNote", "menuNotes", "MENU_ADD_NOTE", "NOTES_ADD_TIP", "Ctrl+Alt+N")
       << action("actionEditNote", "menuNotes contextMenuNotesList", "MENU_EDIT_NOTE",
@@ -180,9 +191,23 @@ QList<ActionEntry> buildTable()
       << menu("menuHelp", "", "MENU_HELP")
       << action("actionCaptureLinks", "menuHelp", "MENU_CAPTURE_LINKS", "MENU_CAPTURE_LINKS_TIP")
 
-      // The entry list's context menu: its submenus are filled with the notebooks.
+      // The entry list's context menu, for the clicked entry (the menu key: the current one):
+      // its submenus are filled with the notebooks and the applications.
+      << action("actionOpenInSideEditor", "contextMenuEntryList", "MENU_OPEN_IN_SIDE_EDITOR",
+                "MENU_OPEN_IN_SIDE_EDITOR_TIP")
+      << action("actionRenameEntry", "contextMenuEntryList", "MENU_RENAME_ENTRY",
+                "MENU_RENAME_ENTRY_TIP")
+      << menu("menuOpenWith", "contextMenuEntryList", "MENU_OPEN_WITH")
       << menu("menuMoveTo", "contextMenuEntryList", "MENU_MOVE_TO")
-      << menu("menuDuplicateTo", "contextMenuEntryList", "MENU_DUPLICATE_TO");
+      << menu("menuDuplicateTo", "contextMenuEntryList", "MENU_DUPLICATE_TO")
+      << action("actionDeleteEntry", "contextMenuEntryList", "MENU_DELETE_ENTRY",
+                "MENU_DELETE_ENTRY_TIP")
+      << separator("contextMenuEntryList")
+      << action("actionShowInFileBrowser", "contextMenuEntryList", "MENU_SHOW_IN_FILE_BROWSER",
+                "MENU_SHOW_IN_FILE_BROWSER_TIP")
+      << action("actionShowAttachmentsInFileBrowser", "contextMenuEntryList",
+                "MENU_SHOW_ATTACHMENTS_IN_FILE_BROWSER",
+                "MENU_SHOW_ATTACHMENTS_IN_FILE_BROWSER_TIP");
     return t;
 }
 

@@ -1,5 +1,7 @@
 #include "AppController.h"
 
+#include "EntryOperationsWiring.h"
+
 #include "FirstRunPanel.h"
 #include "MainWindow.h"
 #include "NotesWiring.h"
@@ -97,6 +99,7 @@ void AppController::wireSubsystems()
     // Each subsystem's window controller is made and connected in a wiring file of its own
     // (SubsystemWiring.h), one line here each, so this controller stays about notebooks.
     wireNotes(*this);
+    wireEntryOperations(*this);
 }
 
 void AppController::setupDarkDocument()
@@ -264,8 +267,6 @@ void AppController::wireWindow()
         if (m_editor->isEditable())
             m_editor->setFocus();
     });
-    // Deleting entries arrives with the entry operations.
-    m_window->removeEntryButton()->setEnabled(false);
     for (int number = 1; number <= MarkupLanguage::Count; ++number) {
         QAction *action = m_window->markupLanguageAction(MarkupLanguage::menuTag(number));
         connect(action, &QAction::triggered, this,
@@ -359,14 +360,9 @@ void AppController::diaryMenuInit()
         stopSecurityScopeSandBox();
         const QIcon small(
             QPixmap::fromImage(icon.scaled(20, 20, Qt::KeepAspectRatio, Qt::SmoothTransformation)));
-        // Moving and duplicating entries between notebooks arrive with the entry
-        // operations; the menus already list every notebook.
-        QAction *move = moveTo->addAction(small, name);
-        move->setData(i);
-        move->setEnabled(false);
-        QAction *duplicate = duplicateTo->addAction(small, name);
-        duplicate->setData(i);
-        duplicate->setEnabled(false);
+        // The item's data is the notebook's index (EntryOperationsWiring acts on it).
+        moveTo->addAction(small, name)->setData(i);
+        duplicateTo->addAction(small, name)->setData(i);
 
         popUp->addItem(QIcon(QPixmap::fromImage(icon)), name);
         popUp->setItemData(i, name, Qt::ToolTipRole);

@@ -96,11 +96,24 @@ bool EntryListController::checkFolderLock()
 void EntryListController::relist()
 {
     ++m_generation;
+    m_narrowed = false;
     const QString folder = notebookFolder();
     m_listofFiles =
         m_notebookPath.isEmpty() ? QStringList() : EntryDirectory::listEntries(folder, extension());
     const EntryDisplayList list = EntryDirectory::formatTableItemsForDisplay(
         m_listofFiles, folder, EntryListSettings::fromDefaults(m_defaults), m_heightOfFileTableRow);
+    const QScopedValueRollback guard(m_quiet, true);
+    applyDisplayList(list, true);
+}
+
+void EntryListController::showOnly(const QStringList &names)
+{
+    ++m_generation;
+    m_narrowed = true;
+    m_listofFiles = names;
+    const EntryDisplayList list = EntryDirectory::formatTableItemsForDisplay(
+        m_listofFiles, notebookFolder(), EntryListSettings::fromDefaults(m_defaults),
+        m_heightOfFileTableRow);
     const QScopedValueRollback guard(m_quiet, true);
     applyDisplayList(list, true);
 }

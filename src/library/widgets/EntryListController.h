@@ -34,6 +34,10 @@ public:
     void relistAndSelect(const QString &name);
     // Relists keeping the file that was selected selected.
     void relistKeepingSelection();
+    // Shows only these names (the title field's search), none selected; relist() shows the
+    // whole notebook again.
+    void showOnly(const QStringList &names);
+    bool isNarrowed() const { return m_narrowed; }
     // The display rows again, away from the UI thread (after a save).
     void rebuildRowsInBackground();
     void formatTableItemsForDisplay();
@@ -72,6 +76,7 @@ private:
     QFutureWatcher<EntryDisplayList> m_rebuild;
     quint64 m_generation = 0;
     bool m_quiet = false;
+    bool m_narrowed = false;
 
     QString m_notebookPath;
     QStringList m_listofFiles;
