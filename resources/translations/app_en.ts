@@ -583,5 +583,85 @@
         <source>Open the entry with %1</source>
         <translation>Open the entry with %1</translation>
     </message>
+    <message id="MENU_ENTRY">
+        <source>Entry</source>
+        <translation>Entry</translation>
+    </message>
+    <message id="MENU_NEXT_ENTRY">
+        <source>Next Entry</source>
+        <translation>Next Entry</translation>
+    </message>
+    <message id="MENU_NEXT_ENTRY_TIP">
+        <source>Open the entry below the selected one</source>
+        <translation>Open the entry below the selected one</translation>
+    </message>
+    <message id="MENU_PREVIOUS_ENTRY">
+        <source>Previous Entry</source>
+        <translation>Previous Entry</translation>
+    </message>
+    <message id="MENU_PREVIOUS_ENTRY_TIP">
+        <source>Open the entry above the selected one</source>
+        <translation>Open the entry above the selected one</translation>
+    </message>
+    <message id="MENU_INSERT_DATE_TIME">
+        <source>Insert Date and Time</source>
+        <translation>Insert Date and Time</translation>
+    </message>
+    <message id="MENU_INSERT_DATE_TIME_TIP">
+        <source>Put today’s date and the time where the cursor is</source>
+        <translation>Put today’s date and the time where the cursor is</translation>
+    </message>
+    <message id="MENU_RENAME_ENTRY">
+        <source>Rename…</source>
+        <translation>Rename…</translation>
+    </message>
+    <message id="MENU_RENAME_ENTRY_TIP">
+        <source>Give the entry a new title; its attachments folder follows</source>
+        <translation>Give the entry a new title; its attachments folder follows</translation>
+    </message>
+    <message id="MENU_DELETE_ENTRY">
+        <source>Move to Trash</source>
+        <translation>Move to Trash</translation>
+    </message>
+    <message id="MENU_DELETE_ENTRY_TIP">
+        <source>Move the entry and its attachments to the desktop’s trash</source>
+        <translation>Move the entry and its attachments to the desktop’s trash</translation>
+    </message>
+    <message id="MENU_SHOW_IN_FILE_BROWSER">
+        <source>Show in File Browser</source>
+        <translation>Show in File Browser</translation>
+    </message>
+    <message id="MENU_SHOW_IN_FILE_BROWSER_TIP">
+        <source>Show the entry’s file in the file browser</source>
+        <translation>Show the entry’s file in the file browser</translation>
+    </message>
+    <message id="MENU_SHOW_ATTACHMENTS_IN_FILE_BROWSER">
+        <source>Show Attachments in File Browser</source>
+        <translation>Show Attachments in File Browser</translation>
+    </message>
+    <message id="MENU_SHOW_ATTACHMENTS_IN_FILE_BROWSER_TIP">
+        <source>Open the entry’s attachments folder in the file browser</source>
+        <translation>Open the entry’s attachments folder in the file browser</translation>
+    </message>
+    <message id="MENU_PRINT">
+        <source>Print…</source>
+        <translation>Print…</translation>
+    </message>
+    <message id="MENU_PRINT_TIP">
+        <source>Print the entry’s text, or save it as a PDF file</source>
+        <translation>Print the entry’s text, or save it as a PDF file</translation>
+    </message>
+    <message id="MENU_OPEN_IN_SIDE_EDITOR">
+        <source>Open in Separate Window</source>
+        <translation>Open in Separate Window</translation>
+    </message>
+    <message id="MENU_OPEN_IN_SIDE_EDITOR_TIP">
+        <source>Edit the entry in a small window of its own beside this one</source>
+        <translation>Edit the entry in a small window of its own beside this one</translation>
+    </message>
+    <message id="MENU_OPEN_WITH">
+        <source>Open With</source>
+        <translation>Open With</translation>
+    </message>
 </context>
 </TS>
