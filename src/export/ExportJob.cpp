@@ -54,10 +54,13 @@ bool moveInto(const QString &from, const QString &to)
 QString ExportReport::summary() const
 {
     if (cancelled)
-        return QCoreApplication::translate("Export", "Export cancelled; nothing was written.");
+        //% "Export cancelled; nothing was written."
+        return qtTrId("EXPORT_REPORT_CANCELLED");
     if (failures.isEmpty())
-        return QCoreApplication::translate("Export", "Exported %1 of %2.").arg(exported).arg(total);
-    return QCoreApplication::translate("Export", "Exported %1 of %2; %3 failed: %4")
+        //% "Exported %1 of %2."
+        return qtTrId("EXPORT_REPORT_DONE").arg(exported).arg(total);
+    //% "Exported %1 of %2; %3 failed: %4"
+    return qtTrId("EXPORT_REPORT_FAILED")
         .arg(exported)
         .arg(total)
         .arg(failures.size())
@@ -108,20 +111,24 @@ void ExportJob::prepare()
     const QFileInfo target(destination);
     if (!target.isDir() || !target.isWritable()) {
         m_report.failures
-            << QCoreApplication::translate("Export", "%1 cannot be written to").arg(destination);
+            //% "%1 cannot be written to"
+            << qtTrId("EXPORT_FAILURE_DESTINATION").arg(destination);
         return;
     }
     if (!m_folders.create()) {
         m_report.failures
-            << QCoreApplication::translate("Export", "%1 cannot be created").arg(m_folders.temp);
+            //% "%1 cannot be created"
+            << qtTrId("EXPORT_FAILURE_STAGING").arg(m_folders.temp);
         return;
     }
     const int total = int(m_options.files.size());
-    Q_EMIT progress(0, total, QCoreApplication::translate("Export", "Copying entries"));
+    //% "Copying entries"
+    Q_EMIT progress(0, total, qtTrId("EXPORT_STEP_COPYING"));
     m_staging.copyStyleSheet(AppPaths::resource(QStringLiteral("export/css.css")));
     m_staging.stageEntries(m_cancel);
     for (const QString &name : m_staging.skipped())
-        m_report.failures << QCoreApplication::translate("Export", "%1: not found").arg(name);
+        //% "%1: not found"
+        m_report.failures << qtTrId("EXPORT_FAILURE_NOT_FOUND").arg(name);
     m_staging.addTitleLines();
     m_staging.join();
     if (m_cancel.isRaised())
@@ -134,7 +141,8 @@ void ExportJob::prepare()
             return controller.convert(language, text);
         };
     m_staging.convertMarkup(convert, m_cancel, [&](int done, int count) {
-        Q_EMIT progress(done, count, QCoreApplication::translate("Export", "Converting"));
+        //% "Converting"
+        Q_EMIT progress(done, count, qtTrId("EXPORT_STEP_CONVERTING"));
     });
     if (m_cancel.isRaised())
         return;
@@ -178,7 +186,8 @@ void ExportJob::writePlainText(const QStringList &bases)
         writeUtf8(m_folders.product + QLatin1Char('/') + outputName(base) + QStringLiteral(".txt"),
                   text);
         Q_EMIT progress(++done, int(bases.size()),
-                        QCoreApplication::translate("Export", "Writing"));
+                        //% "Writing"
+                        qtTrId("EXPORT_STEP_WRITING"));
     }
 }
 
@@ -191,7 +200,8 @@ void ExportJob::writeHtml(const QStringList &bases)
         writeUtf8(m_folders.product + QLatin1Char('/') + outputName(base) + QStringLiteral(".html"),
                   htmlDocument(base, true));
         Q_EMIT progress(++done, int(bases.size()),
-                        QCoreApplication::translate("Export", "Writing"));
+                        //% "Writing"
+                        qtTrId("EXPORT_STEP_WRITING"));
     }
 }
 
@@ -200,9 +210,8 @@ void ExportJob::writeWithLibreOffice(const QStringList &bases, const QString &ex
     LibreOfficeConverter office(m_folders.temp + QStringLiteral("/.libreoffice-profile"),
                                 m_tools.soffice);
     if (!office.isInstalled()) {
-        m_report.failures << QCoreApplication::translate(
-            "Export",
-            "LibreOffice is missing (install the Debian package libreoffice-writer-nogui)");
+        //% "LibreOffice is missing (install the Debian package libreoffice-writer-nogui)"
+        m_report.failures << qtTrId("EXPORT_FAILURE_NO_LIBREOFFICE");
         m_expected.clear();
         return;
     }
@@ -216,14 +225,15 @@ void ExportJob::writeWithLibreOffice(const QStringList &bases, const QString &ex
     const int total = int(inputs.size());
     const QStringList failed =
         office.convert(inputs, extension, m_folders.product, m_cancel, [&](int finished) {
-            Q_EMIT progress(finished, total, QCoreApplication::translate("Export", "Converting"));
+            //% "Converting"
+            Q_EMIT progress(finished, total, qtTrId("EXPORT_STEP_CONVERTING"));
         });
     if (m_cancel.isRaised())
         return;
     for (const QString &input : failed)
-        m_report.failures << QCoreApplication::translate("Export",
-                                                         "%1: LibreOffice could not convert it")
-                                 .arg(QFileInfo(input).completeBaseName());
+        //% "%1: LibreOffice could not convert it"
+        m_report.failures
+            << qtTrId("EXPORT_FAILURE_CONVERSION").arg(QFileInfo(input).completeBaseName());
 }
 
 void ExportJob::writeRtfd(const QStringList &bases)
@@ -231,9 +241,8 @@ void ExportJob::writeRtfd(const QStringList &bases)
     LibreOfficeConverter office(m_folders.temp + QStringLiteral("/.libreoffice-profile"),
                                 m_tools.soffice);
     if (!office.isInstalled()) {
-        m_report.failures << QCoreApplication::translate(
-            "Export",
-            "LibreOffice is missing (install the Debian package libreoffice-writer-nogui)");
+        //% "LibreOffice is missing (install the Debian package libreoffice-writer-nogui)"
+        m_report.failures << qtTrId("EXPORT_FAILURE_NO_LIBREOFFICE");
         m_expected.clear();
         return;
     }
@@ -251,9 +260,9 @@ void ExportJob::writeRtfd(const QStringList &bases)
     if (m_cancel.isRaised())
         return;
     for (const QString &input : failed)
-        m_report.failures << QCoreApplication::translate("Export",
-                                                         "%1: LibreOffice could not convert it")
-                                 .arg(QFileInfo(input).completeBaseName());
+        //% "%1: LibreOffice could not convert it"
+        m_report.failures
+            << qtTrId("EXPORT_FAILURE_CONVERSION").arg(QFileInfo(input).completeBaseName());
     writer.writePackages(m_folders.product);
 }
 
@@ -299,7 +308,8 @@ void ExportJob::writeEpub()
             QFile::remove(input);
         }
     }
-    Q_EMIT progress(0, 1, QCoreApplication::translate("Export", "Building the book"));
+    //% "Building the book"
+    Q_EMIT progress(0, 1, qtTrId("EXPORT_STEP_BOOK"));
     QDir().mkpath(m_folders.temp + QStringLiteral("/completeAttachments"));
     ePubCreator creator(m_folders.support, m_cancel, m_tools.epub);
     const bool built =
@@ -334,7 +344,8 @@ void ExportJob::finish()
             m_report.written << target;
         else
             m_report.failures
-                << QCoreApplication::translate("Export", "%1 could not be written").arg(target);
+                //% "%1 could not be written"
+                << qtTrId("EXPORT_FAILURE_WRITE").arg(target);
     }
     const bool oneFile = m_options.joined || m_options.format == int(ExportFormat::Epub);
     if (oneFile) {

@@ -47,7 +47,12 @@ QString paragraphsFromPlainText(const QString &text)
     for (const QString &paragraph : normalised.split(blankLines, Qt::SkipEmptyParts)) {
         if (paragraph.trimmed().isEmpty())
             continue;
-        QString body = escaped(paragraph);
+        qsizetype start = 0, end = paragraph.size();
+        while (start < end && paragraph.at(start) == QLatin1Char('\n'))
+            ++start;
+        while (end > start && paragraph.at(end - 1) == QLatin1Char('\n'))
+            --end;
+        QString body = escaped(paragraph.mid(start, end - start));
         body.replace(QLatin1Char('\n'), QLatin1String("<br />\n"));
         out += QLatin1String("<p>") + body + QLatin1String("</p>\n");
     }

@@ -37,7 +37,7 @@ QStringList LibreOfficeConverter::convert(const QStringList &inputs, const QStri
         return {};
     QDir().mkpath(m_profileFolder);
     QDir().mkpath(outputFolder);
-    auto outputOf = [&](const QString &input) {
+    auto outputOf = [&](const QString &input) -> QString {
         return outputFolder + QLatin1Char('/') + QFileInfo(input).completeBaseName() +
                QLatin1Char('.') + extension;
     };

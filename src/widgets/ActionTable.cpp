@@ -67,6 +67,8 @@ QList<ActionEntry> buildTable()
         standard("actionPreferences", "menuFile", "MENU_PREFERENCES", "MENU_PREFERENCES_TIP",
                  QKeySequence::Preferences),
         separator("menuFile"),
+        action("actionExport", "menuFile", "MENU_EXPORT", "MENU_EXPORT_TIP"),
+        separator("menuFile"),
         standard("actionQuit", "menuFile", "MENU_QUIT", "MENU_QUIT_TIP", QKeySequence::Quit),
 
         menu("menuEdit", "", "MENU_EDIT"),
