@@ -49,15 +49,19 @@ QStringList LibreOfficeConverter::convert(const QStringList &inputs, const QStri
         arguments << QStringLiteral("--infilter=HTML (StarWriter)");
     arguments << QStringLiteral("--convert-to") << filterFor(extension)
               << QStringLiteral("--outdir") << outputFolder;
-    arguments << inputs;
-    ChildProcess::run(m_program, arguments, outputFolder, cancel, 30 * 60 * 1000, [&] {
-        if (!tick)
-            return;
-        int finished = 0;
-        for (const QString &input : inputs)
-            finished += QFileInfo::exists(outputOf(input)) ? 1 : 0;
-        tick(finished);
-    });
+    // LibreOffice reads only about 250 arguments of a command line and silently drops the
+    // rest, so a long list goes in batches, one after the other on the same profile.
+    for (qsizetype first = 0; first < inputs.size() && !cancel.isRaised(); first += kBatchSize) {
+        ChildProcess::run(m_program, arguments + inputs.mid(first, kBatchSize), outputFolder,
+                          cancel, 30 * 60 * 1000, [&] {
+                              if (!tick)
+                                  return;
+                              int finished = 0;
+                              for (const QString &input : inputs)
+                                  finished += QFileInfo::exists(outputOf(input)) ? 1 : 0;
+                              tick(finished);
+                          });
+    }
     QStringList failed;
     for (const QString &input : inputs) {
         if (!QFileInfo(outputOf(input)).isFile())

@@ -7,8 +7,8 @@
 
 class CancelFlag;
 
-// Converts HTML files to Word, RTF or OpenDocument text with LibreOffice, all files of one
-// format in a single call (its start-up costs more than converting a page), on a profile of
+// Converts HTML files to Word, RTF or OpenDocument text with LibreOffice, as many files as it
+// takes in one call (its start-up costs more than converting a page), on a profile of
 // its own so it never meets a LibreOffice the user has open, nor two conversions one profile.
 class LibreOfficeConverter
 {
@@ -26,6 +26,9 @@ public:
                         const std::function<void(int finished)> &tick = {}, bool htmlInput = true);
 
     static QString filterFor(const QString &extension);
+
+    // Inputs per LibreOffice call.
+    static constexpr qsizetype kBatchSize = 200;
 
 private:
     QString m_profileFolder;
