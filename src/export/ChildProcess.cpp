@@ -4,6 +4,9 @@
 #include <QFileInfo>
 #include <QProcess>
 
+#include <signal.h>
+#include <unistd.h>
+
 ChildProcess::Result ChildProcess::run(const QString &program, const QStringList &arguments,
                                        const QString &workingFolder, const CancelFlag &cancel,
                                        int timeoutMs, const Tick &tick)
@@ -16,6 +19,9 @@ ChildProcess::Result ChildProcess::run(const QString &program, const QStringList
     QProcess process;
     process.setWorkingDirectory(workingFolder);
     process.setProcessChannelMode(QProcess::SeparateChannels);
+    // A group of its own, so stopping it also stops what it started (LibreOffice's launcher
+    // runs the office in a child process).
+    process.setChildProcessModifier([] { ::setpgid(0, 0); });
     process.start(program, arguments);
     if (!process.waitForStarted()) {
         result.outcome = NotStarted;
@@ -31,6 +37,8 @@ ChildProcess::Result ChildProcess::run(const QString &program, const QStringList
             break;
         if (cancel.isRaised() || deadline.hasExpired()) {
             result.outcome = cancel.isRaised() ? Cancelled : TimedOut;
+            if (process.processId() > 0)
+                ::kill(-pid_t(process.processId()), SIGKILL);
             process.kill();
             process.waitForFinished(5000);
             return result;

@@ -10,7 +10,6 @@
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 #include <QUrl>
 
 namespace {
@@ -23,11 +22,11 @@ QString readUtf8(const QString &path)
 
 bool writeUtf8(const QString &path, const QString &text)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    // Working files only: the destination gets finished files moved in whole.
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return false;
-    file.write(text.toUtf8());
-    return file.commit();
+    return file.write(text.toUtf8()) >= 0;
 }
 
 bool moveInto(const QString &from, const QString &to)

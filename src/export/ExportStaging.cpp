@@ -7,7 +7,6 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace {
 
@@ -33,11 +32,11 @@ QString readUtf8(const QString &path)
 
 bool writeUtf8(const QString &path, const QString &text)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly))
+    // Working files only: the destination gets finished files moved in whole.
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         return false;
-    file.write(text.toUtf8());
-    return file.commit();
+    return file.write(text.toUtf8()) >= 0;
 }
 
 bool copyRecursively(const QString &from, const QString &to)

@@ -7,7 +7,6 @@
 #include <QFileInfo>
 #include <QImageReader>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QUrl>
 
 RtfdWriter::RtfdWriter(const QString &workFolder)
@@ -65,10 +64,9 @@ QString RtfdWriter::addDocument(const QString &name, const QString &htmlFragment
     }
     html += QStringView(htmlFragment).mid(from);
     const QString input = m_workFolder + QStringLiteral("/html/") + name + QStringLiteral(".html");
-    QSaveFile file(input);
+    QFile file(input);
     if (file.open(QIODevice::WriteOnly)) {
         file.write(HtmlDocument::document(name, html).toUtf8());
-        file.commit();
     }
     m_documents.append(document);
     return input;
@@ -101,10 +99,9 @@ void RtfdWriter::writePackages(const QString &outputFolder) const
             text.replace(image.marker, attachment(fileName, qMax(1, size.width()) * 20,
                                                   qMax(1, size.height()) * 20));
         }
-        QSaveFile out(package + QStringLiteral("/TXT.rtf"));
+        QFile out(package + QStringLiteral("/TXT.rtf"));
         if (out.open(QIODevice::WriteOnly)) {
             out.write(text.toLatin1());
-            out.commit();
         }
     }
 }

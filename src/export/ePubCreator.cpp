@@ -12,7 +12,6 @@
 #include <QImageReader>
 #include <QLocale>
 #include <QRegularExpression>
-#include <QSaveFile>
 #include <QUrl>
 #include <QUuid>
 
@@ -26,11 +25,9 @@ QString readUtf8(const QString &path)
 
 void writeUtf8(const QString &path, const QString &text)
 {
-    QSaveFile file(path);
-    if (file.open(QIODevice::WriteOnly)) {
+    QFile file(path);
+    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
         file.write(text.toUtf8());
-        file.commit();
-    }
 }
 
 QString mediaTypeFor(const QString &fileName)

@@ -5,6 +5,7 @@
 #include "export/widgets/ExportBookDetails.h"
 #include "export/widgets/ExportController.h"
 #include "export/widgets/ExportProgressSheet.h"
+#include "export/widgets/ExportRunner.h"
 #include "support/TestHome.h"
 
 #include <QAbstractButton>
@@ -12,6 +13,7 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QProcess>
+#include <QPushButton>
 #include <QSignalSpy>
 #include <QtTest>
 
@@ -135,6 +137,38 @@ private Q_SLOTS:
         Q_EMIT format->activated(format->currentIndex());
         QVERIFY(!window->bookDetails()->isVisible());
         QVERIFY(many->isEnabled());
+    }
+
+    // Cancelling while LibreOffice converts stops it and everything it started, writes
+    // nothing to the destination and leaves no working files.
+    void cancelStopsConversion()
+    {
+        if (!QFileInfo(QStringLiteral("/usr/bin/soffice")).isExecutable())
+            QSKIP("LibreOffice is not installed (Debian package libreoffice-writer-nogui)");
+        std::unique_ptr<ExportController> window(makeWindow());
+        window->selectNotebookFolder(m_fixture.notebook.path());
+        auto *format = window->findChild<QComboBox *>(QStringLiteral("exportFormatSelection"));
+        format->setCurrentIndex(format->findData(1));
+        window->findChild<QComboBox *>(QStringLiteral("markupExportSelection"))->setCurrentIndex(0);
+        QTemporaryDir out;
+        QSignalSpy done(window.get(), &ExportController::exportFinished);
+        bool cancelled = false;
+        connect(window->runner(), &ExportRunner::progress, this,
+                [&](int, int, const QString &what) {
+                    // The office is running once its progress is reported.
+                    if (!cancelled && what == qtTrId("EXPORT_STEP_CONVERTING")) {
+                        cancelled = true;
+                        window->progressSheet()->cancelButton()->click();
+                    }
+                });
+        window->performExportWithURL(out.path());
+        QVERIFY(done.wait(240000));
+        QVERIFY(cancelled);
+        QVERIFY(done.first().first().value<ExportReport>().cancelled);
+        QVERIFY(filesIn(out.path()).isEmpty());
+        const QString profile = AppPaths::supportFolder() + QStringLiteral("/temp");
+        QVERIFY(!QFileInfo::exists(profile));
+        QCOMPARE(run(QStringLiteral("pgrep"), {QStringLiteral("-f"), profile}), QString());
     }
 
     // PDFs come from the styled, converted page, pictures included.
