@@ -30,16 +30,16 @@ void writeUtf8(const QString &path, const QString &text)
         file.write(text.toUtf8());
 }
 
-QString mediaTypeFor(const QString &fileName)
+// The type a reading system is told, by what the file holds: an attachment whose extension
+// claims another image type (or an image at all) would make the book invalid.
+QString mediaTypeFor(const QString &path)
 {
-    const QString extension = QFileInfo(fileName).suffix();
-    if (extension == QLatin1String("png") || extension == QLatin1String("PNG"))
+    const QByteArray format = QImageReader::imageFormat(path);
+    if (format == "png")
         return QStringLiteral("image/png");
-    if (extension == QLatin1String("gif") || extension == QLatin1String("GIF"))
+    if (format == "gif")
         return QStringLiteral("image/gif");
-    // "jpeg" is the same image type as "jpg"; leaving it out would leave the file undeclared.
-    if (extension.compare(QLatin1String("jpg"), Qt::CaseInsensitive) == 0 ||
-        extension.compare(QLatin1String("jpeg"), Qt::CaseInsensitive) == 0)
+    if (format == "jpeg")
         return QStringLiteral("image/jpeg");
     return QString();
 }
@@ -284,7 +284,7 @@ bool ePubCreator::createEpubBook(const QString &staging, const QString &destinat
 
     int image = 1;
     for (const QString &item : attachments) {
-        const QString type = mediaTypeFor(item);
+        const QString type = mediaTypeFor(b + QStringLiteral("/images/files/") + item);
         if (type.isEmpty()) {
             // Only images are declared; anything else is left out of the book.
             QFile::remove(b + QStringLiteral("/images/files/") + item);
@@ -337,8 +337,8 @@ void ePubCreator::cleanPages(const QStringList &pages)
         },
         [&](const QString &path) {
             const QString decoded = QUrl::fromPercentEncoding(path.toUtf8());
-            return !mediaTypeFor(decoded).isEmpty() &&
-                   QFileInfo(b + QLatin1Char('/') + decoded).isFile();
+            return QFileInfo(b + QLatin1Char('/') + decoded).isFile() &&
+                   !mediaTypeFor(b + QLatin1Char('/') + decoded).isEmpty();
         });
     for (const QString &page : pages + QStringList{QStringLiteral("TableOfContents.html"),
                                                    QStringLiteral("CoverPage.html")}) {
