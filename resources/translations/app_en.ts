@@ -155,6 +155,14 @@
         <source>&amp;Edit</source>
         <translation>&amp;Edit</translation>
     </message>
+    <message id="MENU_EXPORT">
+        <source>Export…</source>
+        <translation>Export…</translation>
+    </message>
+    <message id="MENU_EXPORT_TIP">
+        <source>Write a notebook's entries to files or an e-book</source>
+        <translation>Write a notebook's entries to files or an e-book</translation>
+    </message>
     <message id="MENU_FILE">
         <source>&amp;File</source>
         <translation>&amp;File</translation>

@@ -68,6 +68,7 @@ QList<ActionEntry> buildTable()
                  QKeySequence::Preferences),
         separator("menuFile"),
         standard("actionPrint", "menuFile", "MENU_PRINT", "MENU_PRINT_TIP", QKeySequence::Print),
+        action("actionExport", "menuFile", "MENU_EXPORT", "MENU_EXPORT_TIP"),
         separator("menuFile"),
         standard("actionQuit", "menuFile", "MENU_QUIT", "MENU_QUIT_TIP", QKeySequence::Quit),
 

@@ -1,7 +1,7 @@
 #include "AppController.h"
 
 #include "EntryOperationsWiring.h"
-
+#include "ExportWiring.h"
 #include "FirstRunPanel.h"
 #include "MainWindow.h"
 #include "NotesWiring.h"
@@ -100,6 +100,7 @@ void AppController::wireSubsystems()
     // (SubsystemWiring.h), one line here each, so this controller stays about notebooks.
     wireNotes(*this);
     wireEntryOperations(*this);
+    wireExport(*this);
 }
 
 void AppController::setupDarkDocument()

@@ -1,0 +1,240 @@
+#include "ExportStaging.h"
+
+#include "ChildProcess.h"
+#include "render/MarkupLanguage.h"
+
+#include <QDir>
+#include <QDirIterator>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+QString baseName(const QString &fileName)
+{
+    const qsizetype dot = fileName.lastIndexOf(QLatin1Char('.'));
+    return dot > 0 ? fileName.left(dot) : fileName;
+}
+
+QString extensionOf(const QString &fileName)
+{
+    const qsizetype dot = fileName.lastIndexOf(QLatin1Char('.'));
+    return dot > 0 ? fileName.mid(dot + 1) : QString();
+}
+
+QString readUtf8(const QString &path)
+{
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        return QString();
+    return QString::fromUtf8(file.readAll());
+}
+
+bool writeUtf8(const QString &path, const QString &text)
+{
+    // Working files only: the destination gets finished files moved in whole.
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
+        return false;
+    return file.write(text.toUtf8()) >= 0;
+}
+
+bool copyRecursively(const QString &from, const QString &to)
+{
+    const QFileInfo info(from);
+    if (info.isDir()) {
+        QDir().mkpath(to);
+        bool ok = true;
+        const QDir dir(from);
+        const auto entries = dir.entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
+        for (const QString &name : entries)
+            ok = copyRecursively(dir.filePath(name), to + QLatin1Char('/') + name) && ok;
+        return ok;
+    }
+    return QFile::copy(from, to);
+}
+
+} // namespace
+
+ExportFolders::ExportFolders(const QString &supportFolder)
+    : support(supportFolder)
+    , temp(supportFolder + QStringLiteral("/temp"))
+    , product(supportFolder + QStringLiteral("/product"))
+    , book(supportFolder + QStringLiteral("/temp.epub"))
+    , bookFolder(supportFolder + QStringLiteral("/temporaryFolder"))
+{}
+
+bool ExportFolders::create() const
+{
+    removeAll();
+    return QDir().mkpath(temp) && QDir().mkpath(product);
+}
+
+void ExportFolders::removeAll() const
+{
+    QDir(temp).removeRecursively();
+    QDir(product).removeRecursively();
+    QDir(bookFolder).removeRecursively();
+    QFile::remove(book);
+}
+
+ExportStaging::ExportStaging(const ExportOptions &options, const ExportFolders &folders)
+    : m_options(options)
+    , m_folders(folders)
+{}
+
+bool ExportStaging::isTextBundle() const
+{
+    return m_options.entryExtension == QLatin1String("textbundle");
+}
+
+void ExportStaging::copyStyleSheet(const QString &defaultStyleSheet)
+{
+    const QString target = m_folders.temp + QStringLiteral("/css.css");
+    QFile::remove(target);
+    const QString source =
+        QFileInfo(m_options.cssFile).isFile() ? m_options.cssFile : defaultStyleSheet;
+    QFile::copy(source, target);
+}
+
+void ExportStaging::stageEntries(const CancelFlag &cancel)
+{
+    QString notebook = m_options.notebookFolder;
+    if (!notebook.endsWith(QLatin1Char('/')))
+        notebook += QLatin1Char('/');
+    const bool epub = m_options.format == int(ExportFormat::Epub);
+    for (const QString &name : m_options.files) {
+        if (cancel.isRaised())
+            return;
+        const QString base = baseName(name);
+        QString source;
+        QString attachments;
+        if (isTextBundle()) {
+            const QDir bundle(notebook + name);
+            const auto texts = bundle.entryList({QStringLiteral("text.*")}, QDir::Files);
+            if (!texts.isEmpty())
+                source = bundle.filePath(texts.first());
+            attachments = notebook + name + QStringLiteral("/assets");
+        } else {
+            source = notebook + name;
+            attachments = notebook + base;
+        }
+        const QString staged = m_folders.temp + QLatin1Char('/') + base + QStringLiteral(".txt");
+        if (source.isEmpty() || !QFileInfo(source).isFile() || !QFile::copy(source, staged)) {
+            m_skipped << name;
+            continue;
+        }
+        if (QFileInfo(attachments).isDir() && !(epub && m_options.markup == 0))
+            copyRecursively(attachments, m_folders.temp + QLatin1Char('/') + base);
+    }
+}
+
+QStringList ExportStaging::stagedFiles(const QString &extension) const
+{
+    QStringList found;
+    const auto names = QDir(m_folders.temp).entryList(QDir::Files);
+    for (const QString &name : names) {
+        if (extensionOf(name) == extension)
+            found << name;
+    }
+    return found;
+}
+
+void ExportStaging::addTitleLines()
+{
+    for (const QString &name : stagedFiles(QStringLiteral("txt"))) {
+        const QString path = m_folders.temp + QLatin1Char('/') + name;
+        const QString text = readUtf8(path);
+        if (m_options.titles) {
+            const QString title = MarkupLanguage::boldTitle(m_options.markup, baseName(name));
+            writeUtf8(path, title + QStringLiteral("\n\n") + text);
+        } else {
+            writeUtf8(path, text);
+        }
+    }
+}
+
+void ExportStaging::join()
+{
+    if (!m_options.joined)
+        return;
+    const bool epub = m_options.format == int(ExportFormat::Epub);
+    const QString shared = m_folders.temp + QStringLiteral("/completeAttachments");
+    QDir().mkpath(shared);
+    QString joined;
+    for (const QString &name : m_options.files) {
+        if (extensionOf(name) != m_options.entryExtension)
+            continue;
+        const QString base = baseName(name);
+        const QString staged = m_folders.temp + QLatin1Char('/') + base + QStringLiteral(".txt");
+        if (!epub && QFileInfo(staged).isFile()) {
+            joined += readUtf8(staged) + QStringLiteral("\n\n");
+            QFile::remove(staged);
+        }
+        const QString folder = m_folders.temp + QLatin1Char('/') + base;
+        if (!QFileInfo(folder).isDir())
+            continue;
+        // Attachments of different entries share one folder; the first of a name stays.
+        const QDir dir(folder);
+        for (const QString &item : dir.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
+            const QString target = shared + QLatin1Char('/') + item;
+            if (!QFileInfo::exists(target))
+                copyRecursively(dir.filePath(item), target);
+        }
+        QDir(folder).removeRecursively();
+    }
+    if (!epub)
+        writeUtf8(m_folders.temp + QStringLiteral("/complete.txt"), joined);
+}
+
+void ExportStaging::convertMarkup(const Converter &convert, const CancelFlag &cancel,
+                                  const Progress &progress)
+{
+    if (m_options.markup == 0)
+        return;
+    const bool epub = m_options.format == int(ExportFormat::Epub);
+    const QString style = (!epub && usesStyleSheet())
+                              ? QStringLiteral("<style type=\"text/css\"> %1 </style>")
+                                    .arg(readUtf8(m_folders.temp + QStringLiteral("/css.css")))
+                              : QString();
+    const QStringList files = stagedFiles(QStringLiteral("txt"));
+    int done = 0;
+    for (const QString &name : files) {
+        if (cancel.isRaised())
+            return;
+        QString text = readUtf8(m_folders.temp + QLatin1Char('/') + name);
+        if (isTextBundle())
+            text.remove(QStringLiteral("assets/"));
+        const QString html = style + convert(m_options.markup, text);
+        writeUtf8(m_folders.temp + QLatin1Char('/') + baseName(name) + QStringLiteral(".html"),
+                  html);
+        if (progress)
+            progress(++done, int(files.size()));
+    }
+    m_workingExtension = QStringLiteral("html");
+}
+
+QStringList ExportStaging::stagedBases() const
+{
+    QStringList bases;
+    const QString suffix = QLatin1Char('.') + m_workingExtension;
+    if (m_options.joined && m_options.format != int(ExportFormat::Epub)) {
+        if (QFileInfo(m_folders.temp + QStringLiteral("/complete") + suffix).isFile())
+            bases << QStringLiteral("complete");
+        return bases;
+    }
+    for (const QString &name : m_options.files) {
+        const QString base = baseName(name);
+        if (!bases.contains(base) &&
+            QFileInfo(m_folders.temp + QLatin1Char('/') + base + suffix).isFile())
+            bases << base;
+    }
+    return bases;
+}
+
+QString ExportStaging::attachmentFolder(const QString &base) const
+{
+    if (m_options.joined)
+        return m_folders.temp + QStringLiteral("/completeAttachments/");
+    return m_folders.temp + QLatin1Char('/') + base + QLatin1Char('/');
+}

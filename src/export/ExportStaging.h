@@ -1,0 +1,66 @@
+#pragma once
+
+#include "ExportOptions.h"
+
+#include <QString>
+#include <QStringList>
+
+#include <functional>
+
+class CancelFlag;
+
+// The working folders of an export, all inside the support folder.
+struct ExportFolders
+{
+    explicit ExportFolders(const QString &supportFolder);
+    QString support;
+    // Staging: the entries' texts and attachments, converted in place.
+    QString temp;
+    // The finished files, moved to the destination only when everything is done.
+    QString product;
+    QString book;
+    QString bookFolder;
+    // Creates temp and product empty.
+    bool create() const;
+    void removeAll() const;
+};
+
+// Copies the chosen entries into the staging folder and turns them into the texts the output
+// step works from: title lines on top, joined into one text when asked, converted to HTML
+// when a markup language is chosen.
+class ExportStaging
+{
+public:
+    using Progress = std::function<void(int done, int total)>;
+    // Converts text in a markup language to an HTML fragment.
+    using Converter = std::function<QString(int language, const QString &text)>;
+
+    ExportStaging(const ExportOptions &options, const ExportFolders &folders);
+
+    void copyStyleSheet(const QString &defaultStyleSheet);
+    // Entries whose text could not be found are listed in skipped().
+    void stageEntries(const CancelFlag &cancel);
+    void addTitleLines();
+    void join();
+    void convertMarkup(const Converter &convert, const CancelFlag &cancel,
+                       const Progress &progress);
+
+    // "txt", or "html" once the texts are converted.
+    QString workingExtension() const { return m_workingExtension; }
+    // The staged files of the working extension, in export-list order ("complete" when
+    // joined), as base names.
+    QStringList stagedBases() const;
+    // The folder relative links of a staged text resolve against.
+    QString attachmentFolder(const QString &base) const;
+    const QStringList &skipped() const { return m_skipped; }
+    bool usesStyleSheet() const { return !m_options.cssFile.isEmpty(); }
+
+private:
+    QStringList stagedFiles(const QString &extension) const;
+    bool isTextBundle() const;
+
+    const ExportOptions &m_options;
+    ExportFolders m_folders;
+    QString m_workingExtension = QStringLiteral("txt");
+    QStringList m_skipped;
+};
