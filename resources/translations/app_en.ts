@@ -503,5 +503,9 @@
         <source>Your settings file was damaged. Vellox uses what it could read; the original is kept as “%1”.</source>
         <translation>Your settings file was damaged. Vellox uses what it could read; the original is kept as “%1”.</translation>
     </message>
+    <message id="CAPTURE_PANEL_SEARCH">
+        <source>Search</source>
+        <translation>Search</translation>
+    </message>
 </context>
 </TS>

@@ -2,6 +2,7 @@
 
 #include "FirstRunPanel.h"
 #include "MainWindow.h"
+#include "MenubarWiring.h"
 #include "PreferencesController.h"
 #include "core/AppPaths.h"
 #include "core/NotificationCenter.h"
@@ -95,6 +96,7 @@ void AppController::wireSubsystems()
 {
     // Each subsystem's window controller is made and connected in a wiring file of its own
     // (SubsystemWiring.h), one line here each, so this controller stays about notebooks.
+    wireMenubar(*this);
 }
 
 void AppController::setupDarkDocument()
