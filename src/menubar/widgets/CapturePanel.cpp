@@ -40,6 +40,13 @@ CapturePanel::CapturePanel(UserDefaults &defaults, QWidget *parent)
         if (isVisible())
             focusCurrentPane();
     });
+    // Clicking the tray icon makes the application active, and the main window comes
+    // forward with it; the panel that click opened belongs on top of it.
+    connect(
+        qApp, &QGuiApplication::applicationStateChanged, this, [this](Qt::ApplicationState state) {
+            if (state == Qt::ApplicationActive && isVisible())
+                QMetaObject::invokeMethod(this, &CapturePanel::bringForward, Qt::QueuedConnection);
+        });
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(8, 8, 8, 8);
     layout->addWidget(m_switcher);
@@ -103,9 +110,7 @@ void CapturePanel::open(const QRect &iconGeometry)
     if (screen)
         move(PanelPlacement::topLeft(iconGeometry, pointer, size(), screen->availableGeometry()));
     show();
-    raise();
-    activateWindow();
-    focusCurrentPane();
+    bringForward();
     Q_EMIT openChanged(true);
 }
 
@@ -117,6 +122,13 @@ void CapturePanel::closePanel()
     m_searchChosen = currentPaneId() == SearchPaneId;
     m_defaults.setValue(Settings::StatusBarPaneSelectionPref, m_searchChosen);
     Q_EMIT openChanged(false);
+}
+
+void CapturePanel::bringForward()
+{
+    raise();
+    activateWindow();
+    focusCurrentPane();
 }
 
 void CapturePanel::focusCurrentPane()

@@ -48,6 +48,7 @@ protected:
 
 private:
     void open(const QRect &iconGeometry);
+    void bringForward();
     void focusCurrentPane();
 
     UserDefaults &m_defaults;
