@@ -47,6 +47,13 @@ StatusBarItem::StatusBarItem(QObject *parent)
                 if (reason == QSystemTrayIcon::Trigger || reason == QSystemTrayIcon::DoubleClick)
                     Q_EMIT mouseDown();
             });
+    // A click on an embedded tray icon activates the application, which brings the main
+    // window forward over the menu that click opened.
+    connect(qApp, &QGuiApplication::applicationStateChanged, m_menu,
+            [menu = m_menu](Qt::ApplicationState state) {
+                if (state == Qt::ApplicationActive && menu->isVisible())
+                    QMetaObject::invokeMethod(menu, &QWidget::raise, Qt::QueuedConnection);
+            });
     redraw();
     // The desktop switching between light and dark reaches us as a new palette.
     qApp->installEventFilter(this);
