@@ -2,7 +2,6 @@
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
 #include "core/UserDefaults.h"
-#include "menubar/GlobalShortcut.h"
 #include "menubar/PanelPlacement.h"
 #include "menubar/widgets/CapturePanel.h"
 #include "menubar/widgets/MenubarController.h"
@@ -23,7 +22,6 @@ private Q_SLOTS:
     void placementHangsUnderTheIconAndStaysOnScreen();
     void paneChoiceIsKeptAcrossPanels();
     void endOfCaptureClosesAndUnhighlights();
-    void savingAndClearingTheShortcut();
     void recorderRefusesBareKeys();
 
 private:
@@ -101,35 +99,6 @@ void TestCapturePanel::endOfCaptureClosesAndUnhighlights()
     // Nothing open: the end of a capture does not open the panel again.
     NotificationCenter::defaultCenter().post(Notifications::StatusBarAddNoteEndClear);
     QVERIFY(!controller.panel()->isOpen());
-}
-
-void TestCapturePanel::savingAndClearingTheShortcut()
-{
-    int announced = 0;
-    QObject observer;
-    NotificationCenter::defaultCenter().addObserver(&observer, Notifications::GlobalShortcutChanged,
-                                                    [&](const Notification &) { ++announced; });
-
-    const GlobalShortcut combo =
-        GlobalShortcut::fromKey(Qt::Key_J, Qt::ControlModifier | Qt::AltModifier, 44);
-    ShortcutSettings::saveTheShortCut(*m_defaults, combo.toValue());
-    QCOMPARE(announced, 1);
-    QCOMPARE(m_defaults->value(Settings::PrefSCCharacters), QStringLiteral("j"));
-    QCOMPARE(m_defaults->value(Settings::PrefSCIgnoringModifiers), QStringLiteral("j"));
-    QCOMPARE(m_defaults->value(Settings::PrefSCKeycode), 44);
-    QCOMPARE(m_defaults->value(Settings::PrefSCModflags),
-             int((Qt::ControlModifier | Qt::AltModifier).toInt()));
-    // X11: ControlMask 4 | Mod1Mask 8.
-    QCOMPARE(m_defaults->value(Settings::PrefSCCarbonFlags), 12);
-    QCOMPARE(GlobalShortcut::load(*m_defaults).sequence(),
-             QKeySequence(QStringLiteral("Ctrl+Alt+J")));
-
-    ShortcutSettings::saveTheShortCut(*m_defaults, {});
-    QCOMPARE(announced, 1);
-    for (const char *key : {"PrefSCCharacters", "PrefSCIgnoringModifiers", "PrefSCKeycode",
-                            "PrefSCModflags", "PrefSCCarbonFlags"})
-        QVERIFY2(!m_defaults->hasStoredValue(QString::fromLatin1(key)), key);
-    QVERIFY(!GlobalShortcut::load(*m_defaults).isSet());
 }
 
 void TestCapturePanel::recorderRefusesBareKeys()

@@ -46,7 +46,6 @@ class TestMenubarSearch : public QObject
     Q_OBJECT
 private Q_SLOTS:
     void listingKeepsOnlyTheEntryExtensionInFolderOrder();
-    void searchMatchesNamesOnly();
     void readsPlainEntriesAndTextBundles();
     void paneFollowsNotebookSearchAndSelection();
 };
@@ -69,20 +68,6 @@ void TestMenubarSearch::listingKeepsOnlyTheEntryExtensionInFolderOrder()
              QStringList{QStringLiteral("Trip.textbundle")});
     QVERIFY(EntryNameSearch::listEntries(folder + QStringLiteral("/gone"), QStringLiteral("txt"))
                 .isEmpty());
-}
-
-void TestMenubarSearch::searchMatchesNamesOnly()
-{
-    const QStringList names = {QStringLiteral("Road trip.txt"), QStringLiteral("trip.txt"),
-                               QStringLiteral("Groceries.txt")};
-    QCOMPARE(EntryNameSearch::filter(names, QStringLiteral("TRIP")),
-             (QStringList{names[0], names[1]}));
-    // Typed as it is: the leading blank only matches inside a name.
-    QCOMPARE(EntryNameSearch::filter(names, QStringLiteral(" trip")), QStringList{names[0]});
-    QVERIFY(EntryNameSearch::isBlank(QStringLiteral("  \n\t ")));
-    QVERIFY(!EntryNameSearch::isBlank(QStringLiteral(" a ")));
-    QCOMPARE(EntryNameSearch::displayName(QStringLiteral("Road trip.txt")),
-             QStringLiteral("Road trip"));
 }
 
 void TestMenubarSearch::readsPlainEntriesAndTextBundles()
