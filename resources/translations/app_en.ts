@@ -671,5 +671,9 @@
         <source>Open With</source>
         <translation>Open With</translation>
     </message>
+    <message id="CAPTURE_PANEL_SEARCH">
+        <source>Search</source>
+        <translation>Search</translation>
+    </message>
 </context>
 </TS>

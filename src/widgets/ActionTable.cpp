@@ -155,6 +155,7 @@ QList<ActionEntry> buildTable()
                                      "ATTACHMENTS_BUTTON_TIP");
     attachments.checkable = true;
     t << attachments << separator("menuView")
+      << action("actionCapturePanel", "menuView", "MENU_CAPTURE_PANEL", "MENU_CAPTURE_PANEL_TIP")
       << action("actionPreviewStyles", "menuView", "MENU_PREVIEW_STYLES", "STYLES_BUTTON_TIP",
                 "Ctrl+Alt+S")
 

@@ -4,6 +4,7 @@
 #include "ExportWiring.h"
 #include "FirstRunPanel.h"
 #include "MainWindow.h"
+#include "MenubarWiring.h"
 #include "NotesWiring.h"
 #include "PreferencesController.h"
 #include "core/AppPaths.h"
@@ -101,6 +102,7 @@ void AppController::wireSubsystems()
     wireNotes(*this);
     wireEntryOperations(*this);
     wireExport(*this);
+    wireMenubar(*this);
 }
 
 void AppController::setupDarkDocument()

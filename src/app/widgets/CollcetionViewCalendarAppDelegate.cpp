@@ -2,6 +2,7 @@
 
 #include "AppController.h"
 #include "MainWindow.h"
+#include "MenubarWiring.h"
 #include "PreferencesController.h"
 #include "core/AppPaths.h"
 #include "core/UserDefaults.h"
@@ -88,8 +89,10 @@ void CollcetionViewCalendarAppDelegate::applicationDidBecomeActive()
 
 PreferencesController *CollcetionViewCalendarAppDelegate::preferences()
 {
-    if (!m_preferences)
+    if (!m_preferences) {
         m_preferences = new PreferencesController(m_defaults);
+        addMenubarPreferencesPane(*m_preferences, m_defaults);
+    }
     return m_preferences;
 }
 
