@@ -157,7 +157,20 @@ QList<ActionEntry> buildTable()
 
       // The entry list's context menu: its submenus are filled with the notebooks.
       << menu("menuMoveTo", "contextMenuEntryList", "MENU_MOVE_TO")
-      << menu("menuDuplicateTo", "contextMenuEntryList", "MENU_DUPLICATE_TO");
+      << menu("menuDuplicateTo", "contextMenuEntryList", "MENU_DUPLICATE_TO")
+
+      // The attachments list's context menu.
+      << action("actionAttachmentAdd", "contextMenuAttachments", "ATTACHMENT_ADD_NAME",
+                "ATTACHMENT_ADD_TIP")
+      << action("actionAttachmentRemove", "contextMenuAttachments", "ATTACHMENT_REMOVE_NAME",
+                "ATTACHMENT_REMOVE_TIP")
+      << separator("contextMenuAttachments")
+      << action("actionAttachmentPreview", "contextMenuAttachments", "ATTACHMENT_PREVIEW_NAME",
+                "ATTACHMENT_PREVIEW_TIP")
+      << action("actionAttachmentOpen", "contextMenuAttachments", "ATTACHMENT_OPEN_NAME",
+                "ATTACHMENT_OPEN_TIP")
+      << action("actionAttachmentReveal", "contextMenuAttachments", "ATTACHMENT_REVEAL_NAME",
+                "ATTACHMENT_REVEAL_TIP");
     return t;
 }
 

@@ -1,0 +1,54 @@
+#include "ThumbnailLoader.h"
+
+#include "ThumbnailMaker.h"
+
+#include <QtConcurrent/QtConcurrentMap>
+
+ThumbnailLoader::ThumbnailLoader(QObject *parent)
+    : QObject(parent)
+{}
+
+ThumbnailLoader::~ThumbnailLoader()
+{
+    cancel();
+}
+
+void ThumbnailLoader::cancel()
+{
+    if (!m_watcher)
+        return;
+    // The running pictures finish in the pool; nobody listens to them any more.
+    m_watcher->disconnect(this);
+    m_watcher->cancel();
+    m_watcher->deleteLater();
+    m_watcher = nullptr;
+}
+
+bool ThumbnailLoader::isRunning() const
+{
+    return m_watcher && m_watcher->isRunning();
+}
+
+void ThumbnailLoader::load(const QStringList &paths)
+{
+    cancel();
+    if (paths.isEmpty()) {
+        Q_EMIT finished();
+        return;
+    }
+    auto *watcher = new QFutureWatcher<QImage>(this);
+    m_watcher = watcher;
+    connect(watcher, &QFutureWatcher<QImage>::resultReadyAt, this, [this, watcher, paths](int i) {
+        Q_EMIT thumbnailReady(i, paths.value(i), watcher->resultAt(i));
+    });
+    connect(watcher, &QFutureWatcher<QImage>::finished, this, [this, watcher] {
+        if (m_watcher == watcher) {
+            m_watcher = nullptr;
+            watcher->deleteLater();
+        }
+        Q_EMIT finished();
+    });
+    const ThumbnailCache cache(m_cacheRoot);
+    watcher->setFuture(QtConcurrent::mapped(
+        paths, [cache](const QString &path) { return ThumbnailMaker::thumbnailFor(path, cache); }));
+}
