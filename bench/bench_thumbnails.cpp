@@ -92,6 +92,8 @@ int main(int argc, char **argv)
     window.setCentralWidget(controller.panel());
     window.show();
 
+    std::printf("measuring...\n");
+    std::fflush(stdout);
     const Run cold = measure(controller);
     std::printf("cold: listed with icons %.1f ms, all %d thumbnails %.1f ms (goal < 5000 ms), "
                 "longest main-thread stall %.1f ms\n",

@@ -2,7 +2,23 @@
 
 #include "ThumbnailMaker.h"
 
+#include <QThreadPool>
 #include <QtConcurrent/QtConcurrentMap>
+
+namespace {
+// A pool of our own: Qt's painting also hands work to the global pool and waits for it, so
+// a queue of pictures there would stall every repaint of the window until they were done.
+QThreadPool &pool()
+{
+    static QThreadPool *threads = [] {
+        auto *created = new QThreadPool;
+        created->setMaxThreadCount(qMax(1, QThread::idealThreadCount()));
+        created->setExpiryTimeout(5000);
+        return created;
+    }();
+    return *threads;
+}
+} // namespace
 
 ThumbnailLoader::ThumbnailLoader(QObject *parent)
     : QObject(parent)
@@ -49,6 +65,7 @@ void ThumbnailLoader::load(const QStringList &paths)
         Q_EMIT finished();
     });
     const ThumbnailCache cache(m_cacheRoot);
-    watcher->setFuture(QtConcurrent::mapped(
-        paths, [cache](const QString &path) { return ThumbnailMaker::thumbnailFor(path, cache); }));
+    watcher->setFuture(QtConcurrent::mapped(&pool(), paths, [cache](const QString &path) {
+        return ThumbnailMaker::thumbnailFor(path, cache);
+    }));
 }

@@ -291,7 +291,8 @@ void TestAttachmentPanel::previewShowsEachKindAndStepsWithKeys()
     image.fill(Qt::cyan);
     image.save(folder + "b.png");
     writeBytes(folder + "c.txt", "plain words");
-    writeBytes(folder + "d.xyz", "unknown");
+    writeBytes(folder + "d.rtf", "{\\rtf1\\ansi {\\b bold} words}");
+    writeBytes(folder + "e.xyz", "unknown");
     f.controller.receiveNewDateNotification("day");
     QStringList names = f.controller.attachments();
 
@@ -310,6 +311,12 @@ void TestAttachmentPanel::previewShowsEachKindAndStepsWithKeys()
             QCOMPARE(preview->currentView(), preview->imageView());
         } else if (name == "c.txt") {
             QCOMPARE(preview->textView()->toPlainText(), QString("plain words"));
+        } else if (name == "d.rtf") {
+            QSignalSpy shown(preview, &PseudoQuicklook::richTextShown);
+            QVERIFY(shown.wait(20000));
+            QCOMPARE(preview->currentView(), preview->textView());
+            QCOMPARE(preview->textView()->toPlainText().simplified(), QString("bold words"));
+            QVERIFY(preview->textView()->toHtml().contains("font-weight:700"));
         } else {
             QCOMPARE(preview->currentView()->objectName(), QString("attachmentIconView"));
         }

@@ -37,7 +37,7 @@ AttachmentPanel::AttachmentPanel(QWidget *parent)
     //% "Show the selected attachment in the preview window (Space)"
     const QString previewTip = qtTrId("ATTACHMENT_PREVIEW_TIP");
     m_preview = makeButton(QStringLiteral("attachmentPreviewButton"),
-                           QStringLiteral("view-preview"), previewName, previewTip);
+                           QStringLiteral("document-print-preview"), previewName, previewTip);
     //% "Open Attachment"
     const QString openName = qtTrId("ATTACHMENT_OPEN_NAME");
     //% "Open the selected attachment in its default application"
@@ -100,7 +100,8 @@ QToolButton *AttachmentPanel::makeButton(const QString &objectName, const QStrin
 {
     auto *button = new QToolButton;
     button->setObjectName(objectName);
-    button->setIcon(QIcon::fromTheme(icon));
+    // Themes that only carry the symbolic variants still give a picture.
+    button->setIcon(QIcon::fromTheme(icon, QIcon::fromTheme(icon + QStringLiteral("-symbolic"))));
     if (button->icon().isNull())
         button->setText(name);
     button->setAccessibleName(name);

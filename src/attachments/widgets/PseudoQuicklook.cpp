@@ -112,6 +112,18 @@ QWidget *PseudoQuicklook::currentView() const
     return m_stack->currentWidget();
 }
 
+void PseudoQuicklook::showEvent(QShowEvent *event)
+{
+    // The first time, over the middle of the window it belongs to; later where the user left it.
+    if (!m_placed && parentWidget()) {
+        QRect frame = geometry();
+        frame.moveCenter(parentWidget()->window()->geometry().center());
+        move(frame.topLeft());
+        m_placed = true;
+    }
+    QWidget::showEvent(event);
+}
+
 void PseudoQuicklook::showItem(const QString &path)
 {
     m_path = path;

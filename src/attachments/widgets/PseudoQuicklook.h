@@ -43,6 +43,7 @@ Q_SIGNALS:
 
 protected:
     void keyPressEvent(QKeyEvent *event) override;
+    void showEvent(QShowEvent *event) override;
 
 private:
     void showPdf();
@@ -66,4 +67,5 @@ private:
     RtfToHtml *m_rtf;
     QString m_path;
     PreviewKind::Kind m_kind = PreviewKind::Other;
+    bool m_placed = false;
 };
