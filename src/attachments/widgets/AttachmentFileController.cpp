@@ -21,6 +21,7 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QImage>
@@ -73,6 +74,10 @@ AttachmentFileController::AttachmentFileController(UserDefaults &defaults, QWidg
     connect(list, &AttachmentTableView::dropped, this, &AttachmentFileController::acceptDrop);
     connect(list, &AttachmentTableView::quickLookRequested, this,
             &AttachmentFileController::quicklookSelectedAttachment);
+    connect(list, &AttachmentTableView::quickLookCloseRequested, this, [this] {
+        if (isQuickLookVisible())
+            closeQuicklook();
+    });
     connect(list, &AttachmentTableView::selectedRowChanged, this, [this] {
         updateButtons();
         pseudoquicklookItemDidChange();
@@ -240,6 +245,7 @@ void AttachmentFileController::addNewAttachmentsToDate()
     chooser->setToolTip(chooser->accessibleDescription());
     chooser->setFileMode(QFileDialog::ExistingFiles);
     chooser->setAcceptMode(QFileDialog::AcceptOpen);
+    chooser->setDirectory(QDir::homePath());
     const QString folder = m_pathString;
     connect(chooser, &QFileDialog::filesSelected, this, [this, folder](const QStringList &files) {
         // The files go to the entry the chooser was opened for.

@@ -93,6 +93,10 @@ void AttachmentTableView::keyPressEvent(QKeyEvent *event)
         Q_EMIT quickLookRequested();
         return;
     }
+    if (event->key() == Qt::Key_Escape) {
+        Q_EMIT quickLookCloseRequested();
+        return;
+    }
     QListView::keyPressEvent(event);
 }
 

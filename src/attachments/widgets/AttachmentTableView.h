@@ -21,6 +21,7 @@ Q_SIGNALS:
     // Handled while the drop lasts: the data is gone afterwards.
     void dropped(const QMimeData *mime);
     void quickLookRequested();
+    void quickLookCloseRequested();
     void selectedRowChanged(int row);
 
 protected:

@@ -11,6 +11,7 @@
 #include <QPdfDocument>
 #include <QPdfView>
 #include <QScreen>
+#include <QShortcut>
 #include <QStackedWidget>
 #include <QStringDecoder>
 #include <QTextBrowser>
@@ -84,6 +85,21 @@ PseudoQuicklook::PseudoQuicklook(QWidget *parent)
     auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_stack);
+
+    // Shortcuts as well as key presses: a web page or film keeps the keyboard focus for
+    // itself once it has loaded, and the keys must still reach the list.
+    const QList<QPair<QKeySequence, void (PseudoQuicklook::*)()>> keys = {
+        {QKeySequence(Qt::Key_Up), &PseudoQuicklook::goingUp},
+        {QKeySequence(Qt::Key_Left), &PseudoQuicklook::goingUp},
+        {QKeySequence(Qt::Key_Down), &PseudoQuicklook::goingDown},
+        {QKeySequence(Qt::Key_Right), &PseudoQuicklook::goingDown},
+        {QKeySequence(Qt::Key_Escape), &PseudoQuicklook::closeRequested},
+        {QKeySequence(Qt::Key_Space), &PseudoQuicklook::closeRequested}};
+    for (const auto &[sequence, signal] : keys) {
+        auto *shortcut = new QShortcut(sequence, this);
+        shortcut->setContext(Qt::WindowShortcut);
+        connect(shortcut, &QShortcut::activated, this, signal);
+    }
 
     connect(m_rtf, &RtfToHtml::converted, this,
             [this](const QString &path, bool ok, const QString &html, const QString &error) {
