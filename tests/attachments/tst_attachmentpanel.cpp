@@ -70,6 +70,7 @@ private Q_SLOTS:
     void removingTheLastAttachmentRemovesTheFolder();
     void paneOpensAndClosesWithAttachmentsWhenAsked();
     void linksAreDownloadedFromARealServer();
+    void cancelledDownloadsLeaveNothing();
     void previewShowsEachKindAndStepsWithKeys();
 };
 
@@ -273,6 +274,43 @@ void TestAttachmentPanel::linksAreDownloadedFromARealServer()
     QVERIFY(f.bar->hasMessage(AttachmentFileController::MessageTopic));
     QVERIFY(!f.controller.panel()->progressBar()->isVisibleTo(f.controller.panel()));
 
+    server.kill();
+    server.waitForFinished();
+}
+
+void TestAttachmentPanel::cancelledDownloadsLeaveNothing()
+{
+    // A server that promises a megabyte and trickles it.
+    QProcess server;
+    server.start("python3", {"-u", "-c", R"(
+import socket, time
+s = socket.socket()
+s.bind(("127.0.0.1", 0))
+s.listen(1)
+print(s.getsockname()[1], flush=True)
+c, _ = s.accept()
+c.recv(65536)
+c.sendall(b"HTTP/1.0 200 OK\r\nContent-Length: 1000000\r\n\r\n" + b"x" * 50000)
+for _ in range(100):
+    time.sleep(0.3)
+    c.sendall(b"x" * 500)
+)"});
+    QVERIFY(server.waitForReadyRead(10000));
+    const int port = server.readLine().trimmed().toInt();
+    QVERIFY(port > 0);
+
+    Fixture f;
+    f.controller.receiveNewDateNotification("day");
+    QSignalSpy done(&f.controller, &AttachmentFileController::downloadFinished);
+    f.controller.performAddingOfURLFile(QUrl(QString("http://127.0.0.1:%1/big.jpg").arg(port)));
+    QProgressBar *progress = f.controller.panel()->progressBar();
+    QTRY_VERIFY_WITH_TIMEOUT(progress->value() > 0, 10000);
+    QCOMPARE(progress->maximum(), 1000000 / 1024);
+    f.controller.cancelDownloads();
+    QCOMPARE(done.count(), 1);
+    QCOMPARE(done.last().at(0).toBool(), false);
+    QVERIFY(!QFileInfo::exists(f.notebook + "day"));
+    QCOMPARE(f.controller.runningDownloads(), 0);
     server.kill();
     server.waitForFinished();
 }
