@@ -65,7 +65,11 @@ void ThumbnailLoader::load(const QStringList &paths)
         Q_EMIT finished();
     });
     const ThumbnailCache cache(m_cacheRoot);
-    watcher->setFuture(QtConcurrent::mapped(&pool(), paths, [cache](const QString &path) {
-        return ThumbnailMaker::thumbnailFor(path, cache);
+    const int size = m_displaySize;
+    watcher->setFuture(QtConcurrent::mapped(&pool(), paths, [cache, size](const QString &path) {
+        QImage image = ThumbnailMaker::thumbnailFor(path, cache);
+        if (size > 0 && (image.width() > size || image.height() > size))
+            image = image.scaled(size, size, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+        return image;
     }));
 }

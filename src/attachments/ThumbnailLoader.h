@@ -19,6 +19,8 @@ public:
 
     // cacheRoot: the shared cache's "thumbnails" folder; empty for the user's own.
     void setCacheRoot(const QString &root) { m_cacheRoot = root; }
+    // Pictures are delivered at most this big (0: as made), scaled on the worker threads.
+    void setDisplaySize(int size) { m_displaySize = size; }
     void load(const QStringList &paths);
     void cancel();
     bool isRunning() const;
@@ -31,4 +33,5 @@ Q_SIGNALS:
 private:
     QPointer<QFutureWatcher<QImage>> m_watcher;
     QString m_cacheRoot;
+    int m_displaySize = 0;
 };

@@ -67,6 +67,7 @@ AttachmentFileController::AttachmentFileController(UserDefaults &defaults, QWidg
     });
     AttachmentTableView *list = m_panel->list();
     list->setModel(m_model);
+    m_thumbnails->setDisplaySize(AttachmentListModel::PictureSize);
     connect(m_thumbnails, &ThumbnailLoader::thumbnailReady, m_model,
             [this](int, const QString &path, const QImage &image) {
                 m_model->setThumbnail(path, image);

@@ -32,7 +32,7 @@ void AttachmentListModel::setFolder(const QString &folder, const QStringList &na
     static const QFileIconProvider provider;
     for (const QString &name : names) {
         m_icons << provider.icon(QFileInfo(m_folder + name));
-        m_thumbnails << QImage();
+        m_thumbnails << QPixmap();
     }
     endResetModel();
 }
@@ -51,10 +51,11 @@ void AttachmentListModel::setThumbnail(const QString &path, const QImage &image)
     const int row = m_names.indexOf(path.mid(m_folder.size()));
     if (row < 0)
         return;
-    m_thumbnails[row] =
+    // Converted once here rather than at every repaint of the row.
+    m_thumbnails[row] = QPixmap::fromImage(
         image.width() > PictureSize || image.height() > PictureSize
             ? image.scaled(PictureSize, PictureSize, Qt::KeepAspectRatio, Qt::SmoothTransformation)
-            : image;
+            : image);
     const QModelIndex changed = index(row);
     Q_EMIT dataChanged(changed, changed, {Qt::DecorationRole, HasThumbnailRole});
 }
@@ -76,7 +77,7 @@ QVariant AttachmentListModel::data(const QModelIndex &index, int role) const
         return m_names.at(row);
     case Qt::DecorationRole:
         if (!m_thumbnails.at(row).isNull())
-            return QPixmap::fromImage(m_thumbnails.at(row));
+            return m_thumbnails.at(row);
         return m_icons.at(row);
     case PathRole:
         return pathAt(row);

@@ -3,6 +3,7 @@
 #include <QAbstractListModel>
 #include <QIcon>
 #include <QImage>
+#include <QPixmap>
 #include <QStringList>
 
 #include <functional>
@@ -46,6 +47,6 @@ private:
     QString m_folder;
     QStringList m_names;
     QList<QIcon> m_icons;
-    QList<QImage> m_thumbnails;
+    QList<QPixmap> m_thumbnails;
     MarkupProvider m_markup;
 };
