@@ -189,8 +189,12 @@ void TestAttachmentPanel::draggingOutCarriesMarkupForOneRowOnly()
     QDataStream stream(two->data(AttachmentListModel::RowsMimeType));
     stream >> rows;
     QCOMPARE(rows, QList<int>({0, 1}));
-    // Rows dragged back onto the list are not taken as new files.
+    // Rows dragged back onto the list are not taken as new files, nor is prose.
     QVERIFY(!AttachmentTableView::canTake(two.get()));
+    QMimeData prose;
+    prose.setText("note: call the bank");
+    QVERIFY(!AttachmentTableView::canTake(&prose));
+    QVERIFY(!f.controller.acceptDrop(&prose));
 }
 
 void TestAttachmentPanel::removingTheLastAttachmentRemovesTheFolder()

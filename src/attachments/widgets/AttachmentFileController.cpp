@@ -305,7 +305,7 @@ bool AttachmentFileController::acceptDrop(const QMimeData *mime)
     QUrl link = mime->urls().value(0);
     if (!link.isValid())
         link = QUrl(mime->text().trimmed());
-    if (!link.isValid() || link.scheme().isEmpty())
+    if (!AttachmentTableView::isDownloadable(link))
         return false;
     performAddingOfURLFile(link);
     return true;

@@ -23,6 +23,14 @@ AttachmentTableView::AttachmentTableView(QWidget *parent)
     setDefaultDropAction(Qt::CopyAction);
 }
 
+bool AttachmentTableView::isDownloadable(const QUrl &link)
+{
+    // Only links a download can follow: dropped prose such as "note: call" is no link.
+    static const QStringList schemes = {QStringLiteral("http"), QStringLiteral("https"),
+                                        QStringLiteral("ftp")};
+    return link.isValid() && !link.host().isEmpty() && schemes.contains(link.scheme());
+}
+
 bool AttachmentTableView::canTake(const QMimeData *mime)
 {
     if (!mime || mime->hasFormat(AttachmentListModel::RowsMimeType))
@@ -32,8 +40,7 @@ bool AttachmentTableView::canTake(const QMimeData *mime)
     for (const QString &format : mime->formats())
         if (format.startsWith(QLatin1String("image/")))
             return true;
-    const QUrl link(mime->text().trimmed());
-    return link.isValid() && !link.scheme().isEmpty();
+    return isDownloadable(QUrl(mime->text().trimmed()));
 }
 
 int AttachmentTableView::selectedRow() const

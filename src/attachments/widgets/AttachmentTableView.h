@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QListView>
+#include <QUrl>
 
 class QMimeData;
 
@@ -14,6 +15,7 @@ public:
     explicit AttachmentTableView(QWidget *parent = nullptr);
 
     static bool canTake(const QMimeData *mime);
+    static bool isDownloadable(const QUrl &link);
     int selectedRow() const;
     void selectRow(int row);
 
