@@ -2,21 +2,34 @@
 
 #include "ThumbnailMaker.h"
 
+#include <QCoreApplication>
 #include <QThreadPool>
 #include <QtConcurrent/QtConcurrentMap>
 
 namespace {
 // A pool of our own: Qt's painting also hands work to the global pool and waits for it, so
 // a queue of pictures there would stall every repaint of the window until they were done.
+QThreadPool *g_pool = nullptr;
+
+// Pictures still queued when the application ends are dropped, and the ones being made are
+// waited for, so no worker outlives the objects it draws with.
+void stopPool()
+{
+    if (!g_pool)
+        return;
+    g_pool->clear();
+    g_pool->waitForDone();
+}
+
 QThreadPool &pool()
 {
-    static QThreadPool *threads = [] {
-        auto *created = new QThreadPool;
-        created->setMaxThreadCount(qMax(1, QThread::idealThreadCount()));
-        created->setExpiryTimeout(5000);
-        return created;
-    }();
-    return *threads;
+    if (!g_pool) {
+        g_pool = new QThreadPool;
+        g_pool->setMaxThreadCount(qMax(1, QThread::idealThreadCount()));
+        g_pool->setExpiryTimeout(5000);
+        qAddPostRoutine(stopPool);
+    }
+    return *g_pool;
 }
 } // namespace
 
