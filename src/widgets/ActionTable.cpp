@@ -209,7 +209,20 @@ QList<ActionEntry> buildTable()
                 "MENU_SHOW_IN_FILE_BROWSER_TIP")
       << action("actionShowAttachmentsInFileBrowser", "contextMenuEntryList",
                 "MENU_SHOW_ATTACHMENTS_IN_FILE_BROWSER",
-                "MENU_SHOW_ATTACHMENTS_IN_FILE_BROWSER_TIP");
+                "MENU_SHOW_ATTACHMENTS_IN_FILE_BROWSER_TIP")
+
+      // The attachments list's context menu.
+      << action("actionAttachmentAdd", "contextMenuAttachments", "ATTACHMENT_ADD_NAME",
+                "ATTACHMENT_ADD_TIP")
+      << action("actionAttachmentRemove", "contextMenuAttachments", "ATTACHMENT_REMOVE_NAME",
+                "ATTACHMENT_REMOVE_TIP")
+      << separator("contextMenuAttachments")
+      << action("actionAttachmentPreview", "contextMenuAttachments", "ATTACHMENT_PREVIEW_NAME",
+                "ATTACHMENT_PREVIEW_TIP")
+      << action("actionAttachmentOpen", "contextMenuAttachments", "ATTACHMENT_OPEN_NAME",
+                "ATTACHMENT_OPEN_TIP")
+      << action("actionAttachmentReveal", "contextMenuAttachments", "ATTACHMENT_REVEAL_NAME",
+                "ATTACHMENT_REVEAL_TIP");
     return t;
 }
 

@@ -1,5 +1,6 @@
 #include "AppController.h"
 
+#include "AttachmentsWiring.h"
 #include "EntryOperationsWiring.h"
 #include "ExportWiring.h"
 #include "FirstRunPanel.h"
@@ -103,6 +104,7 @@ void AppController::wireSubsystems()
     wireEntryOperations(*this);
     wireExport(*this);
     wireMenubar(*this);
+    wireAttachments(*this);
 }
 
 void AppController::setupDarkDocument()
