@@ -275,5 +275,13 @@
         <source>Turn the selected word into an opening and closing tag pair</source>
         <translation>Turn the selected word into an opening and closing tag pair</translation>
     </message>
+    <message id="EDITOR_LINE_GUTTER">
+        <source>Line numbers</source>
+        <translation>Line numbers</translation>
+    </message>
+    <message id="EDITOR_LINE_GUTTER_TIP">
+        <source>The number of each paragraph of the entry</source>
+        <translation>The number of each paragraph of the entry</translation>
+    </message>
 </context>
 </TS>
