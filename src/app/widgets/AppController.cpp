@@ -1,5 +1,6 @@
 #include "AppController.h"
 
+#include "AppearanceWiring.h"
 #include "FirstRunPanel.h"
 #include "MainWindow.h"
 #include "PreferencesController.h"
@@ -95,6 +96,7 @@ void AppController::wireSubsystems()
 {
     // Each subsystem's window controller is made and connected in a wiring file of its own
     // (SubsystemWiring.h), one line here each, so this controller stays about notebooks.
+    wireAppearance(*this);
 }
 
 void AppController::setupDarkDocument()

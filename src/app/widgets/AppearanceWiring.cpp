@@ -1,0 +1,40 @@
+#include "AppearanceWiring.h"
+
+#include "AppController.h"
+#include "MainWindow.h"
+#include "core/NotificationCenter.h"
+#include "core/Notifications.h"
+#include "core/UserDefaults.h"
+
+#include <QGuiApplication>
+#include <QStyleHints>
+
+namespace {
+// A first launch on a dark desktop starts in the dark style; afterwards the setting rules.
+void followDesktopScheme(AppController &app)
+{
+#if QT_VERSION >= QT_VERSION_CHECK(6, 5, 0)
+    UserDefaults &defaults = app.defaults();
+    if (defaults.hasStoredValue(Settings::UseBlackDocument))
+        return;
+    if (QGuiApplication::styleHints()->colorScheme() == Qt::ColorScheme::Dark) {
+        defaults.setValue(Settings::UseBlackDocument, true);
+        app.window()->applyDarkAppearance(true);
+        NotificationCenter::defaultCenter().post(Notifications::TextViewAttributesChanged, &app);
+    }
+#else
+    Q_UNUSED(app);
+#endif
+}
+} // namespace
+
+void wireAppearance(AppController &app)
+{
+    followDesktopScheme(app);
+    MainWindow *window = app.window();
+    QObject::connect(
+        &app.defaults(), &UserDefaults::valueChanged, window, [&app, window](const QString &key) {
+            if (key == Settings::UseBlackDocument.name())
+                window->applyDarkAppearance(app.defaults().value(Settings::UseBlackDocument));
+        });
+}
