@@ -283,5 +283,21 @@
         <source>The number of each paragraph of the entry</source>
         <translation>The number of each paragraph of the entry</translation>
     </message>
+    <message id="EDITOR_SPELLING_LEARN">
+        <source>Add to Dictionary</source>
+        <translation>Add to Dictionary</translation>
+    </message>
+    <message id="EDITOR_SPELLING_LEARN_TIP">
+        <source>Accept this word as correct from now on</source>
+        <translation>Accept this word as correct from now on</translation>
+    </message>
+    <message id="EDITOR_SPELLING_NO_GUESSES">
+        <source>No Guesses Found</source>
+        <translation>No Guesses Found</translation>
+    </message>
+    <message id="EDITOR_SPELLING_SUGGESTION_TIP">
+        <source>Replace the misspelled word with this one</source>
+        <translation>Replace the misspelled word with this one</translation>
+    </message>
 </context>
 </TS>

@@ -5,6 +5,7 @@
 #include "InsertionPoint.h"
 #include "LineNumberGutter.h"
 #include "SpacedTextLayout.h"
+#include "TextServices.h"
 #include "ViewTextBuffer.h"
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
@@ -71,6 +72,7 @@ EnhancedTextView::EnhancedTextView(UserDefaults &defaults, QWidget *parent)
     , m_layout(static_cast<SpacedTextLayout *>(document()->documentLayout()))
     , m_caret(new InsertionPoint(this))
     , m_gutter(new LineNumberGutter(this))
+    , m_services(new TextServices(this))
 {
     setAccessibleName(qtTrId("EDITOR_ACCESSIBLE_NAME"));
     setToolTip(qtTrId("EDITOR_TOOLTIP"));
@@ -186,6 +188,9 @@ void EnhancedTextView::setTextViewLayout()
                                   m_defaults.value(Settings::TypographyUseQuoteStyle)});
     m_appearance = EditorAppearance::from(m_defaults);
     EditorLook::apply(*this, m_appearance);
+    m_services->setOptions({m_defaults.value(Settings::TextViewCheckSpelling) != 0,
+                            m_defaults.value(Settings::TextViewLinkDetection) != 0,
+                            m_defaults.value(Settings::TextViewDashSubstitution) != 0});
     m_typewriter.reset();
 }
 
@@ -434,6 +439,7 @@ void EnhancedTextView::keyPressEvent(QKeyEvent *e)
     }
     if (isTypedText(e)) {
         userEdit(m_model->selectedRange(), e->text(), kTyping);
+        m_services->textTyped(e->text());
         e->accept();
         return;
     }
@@ -514,6 +520,7 @@ void EnhancedTextView::contextMenuEvent(QContextMenuEvent *e)
 {
     QMenu *menu = createStandardContextMenu(e->pos());
     contextMenuTextViewSetup(menu);
+    m_services->addSpellingActions(menu, cursorForPosition(e->pos()).position());
     menu->exec(e->globalPos());
     delete menu;
 }

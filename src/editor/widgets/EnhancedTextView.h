@@ -21,6 +21,7 @@ class QMenu;
 class QMimeData;
 class QTimer;
 class SpacedTextLayout;
+class TextServices;
 class UserDefaults;
 
 // The entry editor. Every user edit (keys, input-method commits, paste, drop, deletions) is
@@ -67,6 +68,7 @@ public:
     SpacedTextLayout *spacedLayout() const { return m_layout; }
     InsertionPoint *insertionPoint() const { return m_caret; }
     LineNumberGutter *lineGutter() const { return m_gutter; }
+    TextServices *textServices() const { return m_services; }
     void setLineGutterVisible(bool visible);
     // Where the caret is drawn, in viewport coordinates.
     QRectF insertionPointRect() const;
@@ -188,6 +190,7 @@ private:
     SpacedTextLayout *m_layout = nullptr;
     InsertionPoint *m_caret = nullptr;
     LineNumberGutter *m_gutter = nullptr;
+    TextServices *m_services = nullptr;
     EditorAppearance m_appearance;
     TypewriterScroll m_typewriter;
 };
