@@ -459,6 +459,38 @@
         <source>Select the whole entry</source>
         <translation>Select the whole entry</translation>
     </message>
+    <message id="MENU_COMPLETE_WORD">
+        <source>Complete Word</source>
+        <translation>Complete Word</translation>
+    </message>
+    <message id="MENU_COMPLETE_WORD_TIP">
+        <source>Offer the tab-action abbreviations that begin with the word before the caret</source>
+        <translation>Offer the tab-action abbreviations that begin with the word before the caret</translation>
+    </message>
+    <message id="MENU_CHECK_SPELLING">
+        <source>Check Spelling While Typing</source>
+        <translation>Check Spelling While Typing</translation>
+    </message>
+    <message id="MENU_CHECK_SPELLING_TIP">
+        <source>Underline misspelled words in red as you write</source>
+        <translation>Underline misspelled words in red as you write</translation>
+    </message>
+    <message id="MENU_FULL_SCREEN">
+        <source>Full Screen</source>
+        <translation>Full Screen</translation>
+    </message>
+    <message id="MENU_FULL_SCREEN_TIP">
+        <source>Show only the text, centred on the full-screen background</source>
+        <translation>Show only the text, centred on the full-screen background</translation>
+    </message>
+    <message id="MENU_DISTRACTION_FREE">
+        <source>Distraction-Free Writing</source>
+        <translation>Distraction-Free Writing</translation>
+    </message>
+    <message id="MENU_DISTRACTION_FREE_TIP">
+        <source>Write in a window of its own that covers the screen; Escape leaves</source>
+        <translation>Write in a window of its own that covers the screen; Escape leaves</translation>
+    </message>
     <message id="MENU_SHOW_ATTACHMENTS">
         <source>Attachments</source>
         <translation>Attachments</translation>
@@ -770,6 +802,18 @@
     <message id="PREFERENCES_VIEW_GROUP">
         <source>Caret and view</source>
         <translation>Caret and view</translation>
+    </message>
+    <message id="FULLSCREEN_BACKGROUND">
+        <source>Full-screen background</source>
+        <translation>Full-screen background</translation>
+    </message>
+    <message id="FULLSCREEN_BACKGROUND_TIP">
+        <source>Press Escape to leave</source>
+        <translation>Press Escape to leave</translation>
+    </message>
+    <message id="FULLSCREEN_DISTRACTION_FREE">
+        <source>Distraction-Free Writing</source>
+        <translation>Distraction-Free Writing</translation>
     </message>
 </context>
 </TS>

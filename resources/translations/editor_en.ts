@@ -299,5 +299,13 @@
         <source>Replace the misspelled word with this one</source>
         <translation>Replace the misspelled word with this one</translation>
     </message>
+    <message id="EDITOR_COMPLETIONS">
+        <source>Completions</source>
+        <translation>Completions</translation>
+    </message>
+    <message id="EDITOR_COMPLETIONS_TIP">
+        <source>Abbreviations of your tab actions that begin with the word being typed</source>
+        <translation>Abbreviations of your tab actions that begin with the word being typed</translation>
+    </message>
 </context>
 </TS>

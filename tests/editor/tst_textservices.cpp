@@ -1,10 +1,15 @@
+#include "core/PropertyList.h"
 #include "core/UserDefaults.h"
 #include "editor/SpellChecker.h"
+#include "editor/TabActionStore.h"
 #include "editor/widgets/TextServices.h"
 #include "editor/widgets/Vellox_EnhancedTextView.h"
+#include "editor/widgets/WordCompleter.h"
 #include "support/TestHome.h"
 
+#include <QAbstractItemView>
 #include <QAction>
+#include <QCompleter>
 #include <QMenu>
 #include <QTextBlock>
 #include <QtTest>
@@ -100,6 +105,33 @@ private Q_SLOTS:
         QTest::keyClicks(view.get(), "a -- ");
         view->undo();
         QCOMPARE(view->string(), QString("a -- "));
+    }
+
+    void abbreviationsCompleteTheWordBeforeTheCaret()
+    {
+        QVERIFY(PropertyList::write(
+            TabActionStore::internalPath(),
+            QVariantMap{{"signature", "x"}, {"Sig", "y"}, {"sign", "z"}, {"other", "w"}}));
+        QTest::keyClicks(view.get(), "to sig");
+        WordCompleter *completer = view->wordCompleter();
+        QCOMPARE(view->completionsForPartialWordRange(completer->rangeForUserCompletion()),
+                 (QStringList{"sign", "signature"}));
+
+        view->complete();
+        QAbstractItemView *popup = completer->completer()->popup();
+        QVERIFY(popup->isVisible());
+        QCOMPARE(popup->model()->rowCount(), 2);
+        QTest::keyClick(popup, Qt::Key_Down);
+        QTest::keyClick(popup, Qt::Key_Return);
+        QCOMPARE(view->string(), QString("to signature"));
+
+        // Typing on narrows the list, and closes it when nothing fits.
+        QTest::keyClicks(view.get(), " S");
+        view->complete();
+        QVERIFY(popup->isVisible());
+        QTest::keyClicks(view.get(), "x");
+        QVERIFY(!popup->isVisible());
+        QCOMPARE(view->string(), QString("to signature Sx"));
     }
 
     void linksAreFoundWhereTheyAre()

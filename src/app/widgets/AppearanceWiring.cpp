@@ -1,10 +1,15 @@
 #include "AppearanceWiring.h"
 
 #include "AppController.h"
+#include "FullScreenController.h"
 #include "MainWindow.h"
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
 #include "core/UserDefaults.h"
+#include "editor/widgets/Vellox_EnhancedTextView.h"
+
+#include <QAction>
+#include <QSignalBlocker>
 
 #include <QGuiApplication>
 #include <QStyleHints>
