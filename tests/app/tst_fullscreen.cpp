@@ -1,10 +1,13 @@
+#include "app/widgets/AppController.h"
 #include "app/widgets/FullScreenController.h"
 #include "app/widgets/FullScreenLayout.h"
 #include "app/widgets/MainWindow.h"
+#include "app/widgets/Startup.h"
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
 #include "core/UserDefaults.h"
 #include "editor/widgets/Vellox_EnhancedTextView.h"
+#include "library/NotebookRegistry.h"
 #include "support/TestHome.h"
 #include "widgets/MessageBar.h"
 
@@ -63,6 +66,27 @@ private Q_SLOTS:
         QCOMPARE(window.contentStack()->currentWidget(), editor);
         QCOMPARE(editor->string(), QString("Dear diary,\ntoday"));
         QCOMPARE(editor->selectedRange(), (QPair<int, int>(17, 0)));
+    }
+
+    void viewMenuItemsReachTheController()
+    {
+        QTemporaryDir notebook;
+        UserDefaults &defaults = UserDefaults::standard();
+        NotebookRegistry(defaults).store(
+            {QVariantMap{{"DiaryName", "N"}, {"DiaryDocumentPath", notebook.path()}}});
+        Startup startup(defaults);
+        QVERIFY(startup.launch());
+        MainWindow *window = startup.controller()->window();
+        auto *controller = startup.controller()->findChild<FullScreenController *>();
+        QVERIFY(controller);
+        window->action("actionDistractionFree")->trigger();
+        QVERIFY(controller->distractionFreeActive());
+        window->action("actionDistractionFree")->trigger();
+        QVERIFY(!controller->distractionFreeActive());
+        window->action("actionToggleFullScreen")->trigger();
+        QVERIFY(controller->nativeActive());
+        window->action("actionToggleFullScreen")->trigger();
+        QVERIFY(!controller->nativeActive());
     }
 
     void fullScreenShowsOnlyTheTextAndRestoresTheWindow()
