@@ -112,7 +112,8 @@ void FullScreenController::borderless()
     const QPair<int, int> selection = m_editor->selectedRange();
     stack->removeWidget(m_editor);
 
-    m_borderless = new FullScreenBackdrop(nullptr, Qt::Window | Qt::FramelessWindowHint);
+    // A window of the main window's, so that desktops keep it above its owner.
+    m_borderless = new FullScreenBackdrop(m_window, Qt::Window | Qt::FramelessWindowHint);
     m_borderless->setObjectName(QStringLiteral("distractionFreeWindow"));
     //% "Distraction-Free Writing"
     m_borderless->setWindowTitle(qtTrId("FULLSCREEN_DISTRACTION_FREE"));

@@ -202,7 +202,7 @@ void EnhancedTextView::setLineGutterVisible(bool visible)
 
 void EnhancedTextView::layoutGutter()
 {
-    const int width = m_gutter->isVisible() ? m_gutter->preferredWidth() : 0;
+    const int width = m_gutter->isHidden() ? 0 : m_gutter->preferredWidth();
     setViewportMargins(width, 0, 0, 0);
     const QRect area = contentsRect();
     m_gutter->setGeometry(area.left(), area.top(), width, area.height());
