@@ -815,5 +815,61 @@
         <source>Distraction-Free Writing</source>
         <translation>Distraction-Free Writing</translation>
     </message>
+    <message id="PREFERENCES_DOCKLESS">
+        <source>No taskbar entry (reach the window from the tray)</source>
+        <translation>No taskbar entry (reach the window from the tray)</translation>
+    </message>
+    <message id="PREFERENCES_DOCKLESS_TIP">
+        <source>Takes effect the next time Vellox starts</source>
+        <translation>Takes effect the next time Vellox starts</translation>
+    </message>
+    <message id="PREFERENCES_ENTRIES_PANE">
+        <source>Entries</source>
+        <translation>Entries</translation>
+    </message>
+    <message id="PREFERENCES_EXTENSION">
+        <source>File type of new entries</source>
+        <translation>File type of new entries</translation>
+    </message>
+    <message id="PREFERENCES_LIST_DATES">
+        <source>Show dates in the list</source>
+        <translation>Show dates in the list</translation>
+    </message>
+    <message id="PREFERENCES_LIST_DATES_TIP">
+        <source>Each entry shows when it was created and last changed</source>
+        <translation>Each entry shows when it was created and last changed</translation>
+    </message>
+    <message id="PREFERENCES_LIST_INFO_SIZE">
+        <source>Detail size</source>
+        <translation>Detail size</translation>
+    </message>
+    <message id="PREFERENCES_LIST_INFO_SIZE_TIP">
+        <source>Font size of the dates and lines under each title, in points</source>
+        <translation>Font size of the dates and lines under each title, in points</translation>
+    </message>
+    <message id="PREFERENCES_LIST_LINES">
+        <source>Show the beginning of the text</source>
+        <translation>Show the beginning of the text</translation>
+    </message>
+    <message id="PREFERENCES_LIST_LINES_TIP">
+        <source>Each entry shows its first lines instead of the dates</source>
+        <translation>Each entry shows its first lines instead of the dates</translation>
+    </message>
+    <message id="PREFERENCES_LIST_LINE_COUNT">
+        <source>Lines of text per entry</source>
+        <translation>Lines of text per entry</translation>
+    </message>
+    <message id="PREFERENCES_LIST_TITLE_SIZE">
+        <source>Title size</source>
+        <translation>Title size</translation>
+    </message>
+    <message id="PREFERENCES_LIST_TITLE_SIZE_TIP">
+        <source>Font size of the entry titles in the list, in points</source>
+        <translation>Font size of the entry titles in the list, in points</translation>
+    </message>
+    <message id="PREFERENCES_EXTENSION_TIP">
+        <source>The extension new entries are saved with; “textbundle” keeps each entry with its attachments in a folder</source>
+        <translation>The extension new entries are saved with; “textbundle” keeps each entry with its attachments in a folder</translation>
+    </message>
 </context>
 </TS>

@@ -1,6 +1,7 @@
 #include "EditorPreferencePanes.h"
 
 #include "ColorWell.h"
+#include "LibraryPreferencePane.h"
 #include "PreferenceForm.h"
 #include "core/Notifications.h"
 #include "core/UserDefaults.h"
@@ -281,4 +282,6 @@ void EditorPreferencePanes::addTo(QTabWidget *tabs, UserDefaults &defaults)
     tabs->addTab(typing, typing->accessibleName());
     QWidget *full = fullScreen(defaults);
     tabs->addTab(full, full->accessibleName());
+    QWidget *entries = LibraryPreferencePane::create(defaults);
+    tabs->addTab(entries, entries->accessibleName());
 }
