@@ -675,5 +675,373 @@
         <source>Search</source>
         <translation>Search</translation>
     </message>
+    <message id="MENU_COMPLETE_WORD">
+        <source>Complete Word</source>
+        <translation>Complete Word</translation>
+    </message>
+    <message id="MENU_COMPLETE_WORD_TIP">
+        <source>Offer the tab-action abbreviations that begin with the word before the caret</source>
+        <translation>Offer the tab-action abbreviations that begin with the word before the caret</translation>
+    </message>
+    <message id="MENU_CHECK_SPELLING">
+        <source>Check Spelling While Typing</source>
+        <translation>Check Spelling While Typing</translation>
+    </message>
+    <message id="MENU_CHECK_SPELLING_TIP">
+        <source>Underline misspelled words in red as you write</source>
+        <translation>Underline misspelled words in red as you write</translation>
+    </message>
+    <message id="MENU_FULL_SCREEN">
+        <source>Full Screen</source>
+        <translation>Full Screen</translation>
+    </message>
+    <message id="MENU_FULL_SCREEN_TIP">
+        <source>Show only the text, centred on the full-screen background</source>
+        <translation>Show only the text, centred on the full-screen background</translation>
+    </message>
+    <message id="MENU_DISTRACTION_FREE">
+        <source>Distraction-Free Writing</source>
+        <translation>Distraction-Free Writing</translation>
+    </message>
+    <message id="MENU_DISTRACTION_FREE_TIP">
+        <source>Write in a window of its own that covers the screen; Escape leaves</source>
+        <translation>Write in a window of its own that covers the screen; Escape leaves</translation>
+    </message>
+    <message id="PREFERENCES_ALIGNMENT">
+        <source>Alignment</source>
+        <translation>Alignment</translation>
+    </message>
+    <message id="PREFERENCES_ALIGNMENT_TIP">
+        <source>How the lines of a paragraph line up</source>
+        <translation>How the lines of a paragraph line up</translation>
+    </message>
+    <message id="PREFERENCES_ALIGN_CENTRE">
+        <source>Centred</source>
+        <translation>Centred</translation>
+    </message>
+    <message id="PREFERENCES_ALIGN_JUSTIFIED">
+        <source>Justified</source>
+        <translation>Justified</translation>
+    </message>
+    <message id="PREFERENCES_ALIGN_LEFT">
+        <source>Left</source>
+        <translation>Left</translation>
+    </message>
+    <message id="PREFERENCES_ALIGN_NATURAL">
+        <source>Natural (by writing direction)</source>
+        <translation>Natural (by writing direction)</translation>
+    </message>
+    <message id="PREFERENCES_ALIGN_RIGHT">
+        <source>Right</source>
+        <translation>Right</translation>
+    </message>
+    <message id="PREFERENCES_APPEARANCE_PANE">
+        <source>Appearance</source>
+        <translation>Appearance</translation>
+    </message>
+    <message id="PREFERENCES_BACKGROUND_COLOUR">
+        <source>Background colour</source>
+        <translation>Background colour</translation>
+    </message>
+    <message id="PREFERENCES_BACKGROUND_COLOUR_TIP">
+        <source>The colour behind the text</source>
+        <translation>The colour behind the text</translation>
+    </message>
+    <message id="PREFERENCES_CARET_COLOUR">
+        <source>Caret colour</source>
+        <translation>Caret colour</translation>
+    </message>
+    <message id="PREFERENCES_CARET_COLOUR_OWN">
+        <source>Own caret colour</source>
+        <translation>Own caret colour</translation>
+    </message>
+    <message id="PREFERENCES_CARET_COLOUR_OWN_TIP">
+        <source>Without it the caret has the text colour</source>
+        <translation>Without it the caret has the text colour</translation>
+    </message>
+    <message id="PREFERENCES_CARET_TALL">
+        <source>Tall caret</source>
+        <translation>Tall caret</translation>
+    </message>
+    <message id="PREFERENCES_CARET_TALL_TIP">
+        <source>A caret half again as tall as the line</source>
+        <translation>A caret half again as tall as the line</translation>
+    </message>
+    <message id="PREFERENCES_CARET_WIDE">
+        <source>Block caret</source>
+        <translation>Block caret</translation>
+    </message>
+    <message id="PREFERENCES_CARET_WIDE_TIP">
+        <source>A caret half as wide as it is tall</source>
+        <translation>A caret half as wide as it is tall</translation>
+    </message>
+    <message id="PREFERENCES_COLOURS">
+        <source>Colours</source>
+        <translation>Colours</translation>
+    </message>
+    <message id="PREFERENCES_DARK">
+        <source>Dark style</source>
+        <translation>Dark style</translation>
+    </message>
+    <message id="PREFERENCES_DARK_TIP">
+        <source>Light text and icons on dark backgrounds in the main window</source>
+        <translation>Light text and icons on dark backgrounds in the main window</translation>
+    </message>
+    <message id="PREFERENCES_DASHES">
+        <source>Replace double hyphens with dashes</source>
+        <translation>Replace double hyphens with dashes</translation>
+    </message>
+    <message id="PREFERENCES_DASHES_TIP">
+        <source>Two hyphens between words become an em dash</source>
+        <translation>Two hyphens between words become an em dash</translation>
+    </message>
+    <message id="PREFERENCES_FONT">
+        <source>Font</source>
+        <translation>Font</translation>
+    </message>
+    <message id="PREFERENCES_FONT_SIZE">
+        <source>Font size</source>
+        <translation>Font size</translation>
+    </message>
+    <message id="PREFERENCES_FONT_SIZE_TIP">
+        <source>The size of the entry text, in points</source>
+        <translation>The size of the entry text, in points</translation>
+    </message>
+    <message id="PREFERENCES_FONT_TIP">
+        <source>The typeface of the entry text</source>
+        <translation>The typeface of the entry text</translation>
+    </message>
+    <message id="PREFERENCES_FULLSCREEN_COLOUR">
+        <source>Background colour</source>
+        <translation>Background colour</translation>
+    </message>
+    <message id="PREFERENCES_FULLSCREEN_COLOUR_TIP">
+        <source>The colour around the text in full screen</source>
+        <translation>The colour around the text in full screen</translation>
+    </message>
+    <message id="PREFERENCES_FULLSCREEN_HEIGHT">
+        <source>Text height</source>
+        <translation>Text height</translation>
+    </message>
+    <message id="PREFERENCES_FULLSCREEN_IMAGE">
+        <source>Background image</source>
+        <translation>Background image</translation>
+    </message>
+    <message id="PREFERENCES_FULLSCREEN_IMAGE_CHOOSE">
+        <source>Choose…</source>
+        <translation>Choose…</translation>
+    </message>
+    <message id="PREFERENCES_FULLSCREEN_IMAGE_TIP">
+        <source>The picture around the text in full screen, when switched on</source>
+        <translation>The picture around the text in full screen, when switched on</translation>
+    </message>
+    <message id="PREFERENCES_FULLSCREEN_PANE">
+        <source>Full Screen</source>
+        <translation>Full Screen</translation>
+    </message>
+    <message id="PREFERENCES_FULLSCREEN_USE_IMAGE">
+        <source>Use a background image</source>
+        <translation>Use a background image</translation>
+    </message>
+    <message id="PREFERENCES_FULLSCREEN_WIDTH">
+        <source>Text width</source>
+        <translation>Text width</translation>
+    </message>
+    <message id="PREFERENCES_GUTTER">
+        <source>Show line numbers</source>
+        <translation>Show line numbers</translation>
+    </message>
+    <message id="PREFERENCES_GUTTER_TEXT_FONT">
+        <source>Line numbers in the text font and colour</source>
+        <translation>Line numbers in the text font and colour</translation>
+    </message>
+    <message id="PREFERENCES_GUTTER_THICK">
+        <source>Wide line-number gutter</source>
+        <translation>Wide line-number gutter</translation>
+    </message>
+    <message id="PREFERENCES_GUTTER_TIP">
+        <source>A gutter with the number of each paragraph</source>
+        <translation>A gutter with the number of each paragraph</translation>
+    </message>
+    <message id="PREFERENCES_HEAD_INDENT">
+        <source>First-line indent</source>
+        <translation>First-line indent</translation>
+    </message>
+    <message id="PREFERENCES_LINE_SPACING">
+        <source>Line spacing</source>
+        <translation>Line spacing</translation>
+    </message>
+    <message id="PREFERENCES_LINKS">
+        <source>Detect links</source>
+        <translation>Detect links</translation>
+    </message>
+    <message id="PREFERENCES_LINKS_TIP">
+        <source>Web addresses are underlined and open with Ctrl+click</source>
+        <translation>Web addresses are underlined and open with Ctrl+click</translation>
+    </message>
+    <message id="PREFERENCES_MARGIN">
+        <source>Margin</source>
+        <translation>Margin</translation>
+    </message>
+    <message id="PREFERENCES_MARGIN_TIP">
+        <source>Space left and right of the text lines, in points</source>
+        <translation>Space left and right of the text lines, in points</translation>
+    </message>
+    <message id="PREFERENCES_PAIRING">
+        <source>Close brackets and quotes</source>
+        <translation>Close brackets and quotes</translation>
+    </message>
+    <message id="PREFERENCES_PAIRING_TIP">
+        <source>Typing an opening bracket or quote adds its closing partner</source>
+        <translation>Typing an opening bracket or quote adds its closing partner</translation>
+    </message>
+    <message id="PREFERENCES_PARAGRAPH_SPACING">
+        <source>Paragraph spacing</source>
+        <translation>Paragraph spacing</translation>
+    </message>
+    <message id="PREFERENCES_PERCENT_TIP">
+        <source>Percent of the screen</source>
+        <translation>Percent of the screen</translation>
+    </message>
+    <message id="PREFERENCES_POINTS_TIP">
+        <source>In points</source>
+        <translation>In points</translation>
+    </message>
+    <message id="PREFERENCES_QUOTES">
+        <source>Quotation marks</source>
+        <translation>Quotation marks</translation>
+    </message>
+    <message id="PREFERENCES_QUOTES_STRAIGHT">
+        <source>Straight quotes</source>
+        <translation>Straight quotes</translation>
+    </message>
+    <message id="PREFERENCES_QUOTES_TIP">
+        <source>The marks a typed quote becomes</source>
+        <translation>The marks a typed quote becomes</translation>
+    </message>
+    <message id="PREFERENCES_SCROLLBAR">
+        <source>Show the scroll bar</source>
+        <translation>Show the scroll bar</translation>
+    </message>
+    <message id="PREFERENCES_SCROLLBAR_TIP">
+        <source>A vertical scroll bar beside the text</source>
+        <translation>A vertical scroll bar beside the text</translation>
+    </message>
+    <message id="PREFERENCES_SELECTION">
+        <source>Own selection colour</source>
+        <translation>Own selection colour</translation>
+    </message>
+    <message id="PREFERENCES_SELECTION_COLOUR">
+        <source>Selection colour</source>
+        <translation>Selection colour</translation>
+    </message>
+    <message id="PREFERENCES_SELECTION_TIP">
+        <source>Selected text is marked in the colour beside, not the desktop's</source>
+        <translation>Selected text is marked in the colour beside, not the desktop's</translation>
+    </message>
+    <message id="PREFERENCES_SPELLING">
+        <source>Check spelling while typing</source>
+        <translation>Check spelling while typing</translation>
+    </message>
+    <message id="PREFERENCES_SPELLING_TIP">
+        <source>Misspelled words are underlined in red</source>
+        <translation>Misspelled words are underlined in red</translation>
+    </message>
+    <message id="PREFERENCES_TEXT_COLOUR">
+        <source>Text colour</source>
+        <translation>Text colour</translation>
+    </message>
+    <message id="PREFERENCES_TEXT_COLOUR_TIP">
+        <source>The colour of the text and of the line numbers</source>
+        <translation>The colour of the text and of the line numbers</translation>
+    </message>
+    <message id="PREFERENCES_TEXT_GROUP">
+        <source>Text</source>
+        <translation>Text</translation>
+    </message>
+    <message id="PREFERENCES_TYPEWRITER">
+        <source>Typewriter scrolling</source>
+        <translation>Typewriter scrolling</translation>
+    </message>
+    <message id="PREFERENCES_TYPEWRITER_TIP">
+        <source>Keeps the line being written in the middle of the view</source>
+        <translation>Keeps the line being written in the middle of the view</translation>
+    </message>
+    <message id="PREFERENCES_TYPING_PANE">
+        <source>Typing</source>
+        <translation>Typing</translation>
+    </message>
+    <message id="PREFERENCES_VIEW_GROUP">
+        <source>Caret and view</source>
+        <translation>Caret and view</translation>
+    </message>
+    <message id="FULLSCREEN_BACKGROUND">
+        <source>Full-screen background</source>
+        <translation>Full-screen background</translation>
+    </message>
+    <message id="FULLSCREEN_BACKGROUND_TIP">
+        <source>Press Escape to leave</source>
+        <translation>Press Escape to leave</translation>
+    </message>
+    <message id="FULLSCREEN_DISTRACTION_FREE">
+        <source>Distraction-Free Writing</source>
+        <translation>Distraction-Free Writing</translation>
+    </message>
+    <message id="PREFERENCES_DOCKLESS">
+        <source>No taskbar entry (reach the window from the tray)</source>
+        <translation>No taskbar entry (reach the window from the tray)</translation>
+    </message>
+    <message id="PREFERENCES_DOCKLESS_TIP">
+        <source>Takes effect the next time Vellox starts</source>
+        <translation>Takes effect the next time Vellox starts</translation>
+    </message>
+    <message id="PREFERENCES_ENTRIES_PANE">
+        <source>Entries</source>
+        <translation>Entries</translation>
+    </message>
+    <message id="PREFERENCES_EXTENSION">
+        <source>File type of new entries</source>
+        <translation>File type of new entries</translation>
+    </message>
+    <message id="PREFERENCES_LIST_DATES">
+        <source>Show dates in the list</source>
+        <translation>Show dates in the list</translation>
+    </message>
+    <message id="PREFERENCES_LIST_DATES_TIP">
+        <source>Each entry shows when it was created and last changed</source>
+        <translation>Each entry shows when it was created and last changed</translation>
+    </message>
+    <message id="PREFERENCES_LIST_INFO_SIZE">
+        <source>Detail size</source>
+        <translation>Detail size</translation>
+    </message>
+    <message id="PREFERENCES_LIST_INFO_SIZE_TIP">
+        <source>Font size of the dates and lines under each title, in points</source>
+        <translation>Font size of the dates and lines under each title, in points</translation>
+    </message>
+    <message id="PREFERENCES_LIST_LINES">
+        <source>Show the beginning of the text</source>
+        <translation>Show the beginning of the text</translation>
+    </message>
+    <message id="PREFERENCES_LIST_LINES_TIP">
+        <source>Each entry shows its first lines instead of the dates</source>
+        <translation>Each entry shows its first lines instead of the dates</translation>
+    </message>
+    <message id="PREFERENCES_LIST_LINE_COUNT">
+        <source>Lines of text per entry</source>
+        <translation>Lines of text per entry</translation>
+    </message>
+    <message id="PREFERENCES_LIST_TITLE_SIZE">
+        <source>Title size</source>
+        <translation>Title size</translation>
+    </message>
+    <message id="PREFERENCES_LIST_TITLE_SIZE_TIP">
+        <source>Font size of the entry titles in the list, in points</source>
+        <translation>Font size of the entry titles in the list, in points</translation>
+    </message>
+    <message id="PREFERENCES_EXTENSION_TIP">
+        <source>The extension new entries are saved with; “textbundle” keeps each entry with its attachments in a folder</source>
+        <translation>The extension new entries are saved with; “textbundle” keeps each entry with its attachments in a folder</translation>
+    </message>
 </context>
 </TS>

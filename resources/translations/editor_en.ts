@@ -275,5 +275,37 @@
         <source>Turn the selected word into an opening and closing tag pair</source>
         <translation>Turn the selected word into an opening and closing tag pair</translation>
     </message>
+    <message id="EDITOR_LINE_GUTTER">
+        <source>Line numbers</source>
+        <translation>Line numbers</translation>
+    </message>
+    <message id="EDITOR_LINE_GUTTER_TIP">
+        <source>The number of each paragraph of the entry</source>
+        <translation>The number of each paragraph of the entry</translation>
+    </message>
+    <message id="EDITOR_SPELLING_LEARN">
+        <source>Add to Dictionary</source>
+        <translation>Add to Dictionary</translation>
+    </message>
+    <message id="EDITOR_SPELLING_LEARN_TIP">
+        <source>Accept this word as correct from now on</source>
+        <translation>Accept this word as correct from now on</translation>
+    </message>
+    <message id="EDITOR_SPELLING_NO_GUESSES">
+        <source>No Guesses Found</source>
+        <translation>No Guesses Found</translation>
+    </message>
+    <message id="EDITOR_SPELLING_SUGGESTION_TIP">
+        <source>Replace the misspelled word with this one</source>
+        <translation>Replace the misspelled word with this one</translation>
+    </message>
+    <message id="EDITOR_COMPLETIONS">
+        <source>Completions</source>
+        <translation>Completions</translation>
+    </message>
+    <message id="EDITOR_COMPLETIONS_TIP">
+        <source>Abbreviations of your tab actions that begin with the word being typed</source>
+        <translation>Abbreviations of your tab actions that begin with the word being typed</translation>
+    </message>
 </context>
 </TS>

@@ -36,6 +36,12 @@ ActionEntry standard(const char *name, const char *in, const char *textId, const
     return entry;
 }
 
+ActionEntry checkable(ActionEntry entry)
+{
+    entry.checkable = true;
+    return entry;
+}
+
 ActionEntry separator(const char *in)
 {
     ActionEntry entry;
@@ -84,6 +90,11 @@ QList<ActionEntry> buildTable()
                  true),
         standard("actionSelectAll", "menuEdit", "MENU_SELECT_ALL", "MENU_SELECT_ALL_TIP",
                  QKeySequence::SelectAll, true),
+        separator("menuEdit"),
+        action("actionCompleteWord", "menuEdit", "MENU_COMPLETE_WORD", "MENU_COMPLETE_WORD_TIP",
+               "Ctrl+Space"),
+        checkable(action("actionCheckSpelling", "menuEdit", "MENU_CHECK_SPELLING",
+                         "MENU_CHECK_SPELLING_TIP")),
 
         menu("menuFormat", "", "MENU_FORMAT"),
         menu("menuTypography", "menuFormat", "MENU_TYPOGRAPHY", 800),
@@ -158,6 +169,11 @@ QList<ActionEntry> buildTable()
       << action("actionCapturePanel", "menuView", "MENU_CAPTURE_PANEL", "MENU_CAPTURE_PANEL_TIP")
       << action("actionPreviewStyles", "menuView", "MENU_PREVIEW_STYLES", "STYLES_BUTTON_TIP",
                 "Ctrl+Alt+S")
+      << separator("menuView")
+      << action("actionToggleFullScreen", "menuView", "MENU_FULL_SCREEN", "MENU_FULL_SCREEN_TIP",
+                "F11")
+      << action("actionDistractionFree", "menuView", "MENU_DISTRACTION_FREE",
+                "MENU_DISTRACTION_FREE_TIP", "Ctrl+Shift+F11")
 
       << menu("menuEntry", "", "MENU_ENTRY")
       << action("actionNextEntry", "menuEntry", "MENU_NEXT_ENTRY", "MENU_NEXT_ENTRY_TIP",

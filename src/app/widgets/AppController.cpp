@@ -1,5 +1,6 @@
 #include "AppController.h"
 
+#include "AppearanceWiring.h"
 #include "AttachmentsWiring.h"
 #include "EntryOperationsWiring.h"
 #include "ExportWiring.h"
@@ -105,6 +106,7 @@ void AppController::wireSubsystems()
     wireExport(*this);
     wireMenubar(*this);
     wireAttachments(*this);
+    wireAppearance(*this);
 }
 
 void AppController::setupDarkDocument()

@@ -1,5 +1,6 @@
 #include "PreferencesController.h"
 
+#include "EditorPreferencePanes.h"
 #include "NotebookOrderModel.h"
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
@@ -69,6 +70,7 @@ void PreferencesController::buildWindow()
     m_tabs->setAccessibleName(qtTrId("PREFERENCES_PANES"));
     m_tabs->setToolTip(qtTrId("PREFERENCES_PANES"));
     m_tabs->addTab(buildNotebookPane(), qtTrId("PREFERENCES_NOTEBOOKS_PANE"));
+    EditorPreferencePanes::addTo(m_tabs, m_defaults);
     auto *layout = new QVBoxLayout(m_window);
     layout->addWidget(m_tabs);
     m_window->resize(640, 460);

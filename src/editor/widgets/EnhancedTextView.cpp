@@ -1,5 +1,11 @@
 #include "EnhancedTextView.h"
 
+#include "EditorContextMenu.h"
+#include "EditorLook.h"
+#include "InsertionPoint.h"
+#include "LineNumberGutter.h"
+#include "SpacedTextLayout.h"
+#include "TextServices.h"
 #include "ViewTextBuffer.h"
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
@@ -9,15 +15,16 @@
 #include "editor/MarkupInsertion.h"
 #include "editor/TextEditorModel.h"
 #include "render/MarkupLanguage.h"
-#include "widgets/MenuBuilder.h"
 
 #include <QAction>
 #include <QApplication>
 #include <QContextMenuEvent>
 #include <QDropEvent>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMimeData>
+#include <QPainter>
 #include <QTextBlock>
 #include <QTimer>
 
@@ -44,14 +51,28 @@ bool isTypedText(const QKeyEvent *e)
             return false;
     return true;
 }
+
+// The stock plain-text layout ignores paragraph spacing; the editor's document gets one that
+// does before anything else holds on to the document.
+QPlainTextEdit *withSpacedLayout(QPlainTextEdit *view)
+{
+    auto *document = new QTextDocument(view);
+    document->setDocumentLayout(new SpacedTextLayout(document));
+    view->setDocument(document);
+    return view;
+}
 } // namespace
 
 EnhancedTextView::EnhancedTextView(UserDefaults &defaults, QWidget *parent)
     : QPlainTextEdit(parent)
     , m_defaults(defaults)
-    , m_model(new TextEditorModel(std::make_unique<ViewTextBuffer>(this), this))
+    , m_model(new TextEditorModel(std::make_unique<ViewTextBuffer>(withSpacedLayout(this)), this))
     , m_changeTimer(new QTimer(this))
     , m_countTimer(new QTimer(this))
+    , m_layout(static_cast<SpacedTextLayout *>(document()->documentLayout()))
+    , m_caret(new InsertionPoint(this))
+    , m_gutter(new LineNumberGutter(this))
+    , m_services(new TextServices(this))
 {
     setAccessibleName(qtTrId("EDITOR_ACCESSIBLE_NAME"));
     setToolTip(qtTrId("EDITOR_TOOLTIP"));
@@ -78,6 +99,17 @@ EnhancedTextView::EnhancedTextView(UserDefaults &defaults, QWidget *parent)
     connect(document(), &QTextDocument::contentsChange, this, &EnhancedTextView::documentChanged);
     m_model->setTabActionProvider([this] { return availableTabActions(); });
     connect(&m_defaults, &UserDefaults::valueChanged, this, &EnhancedTextView::settingChanged);
+    // The caret is drawn here, so the toolkit's own stays invisible.
+    setCursorWidth(0);
+    connect(this, &QPlainTextEdit::cursorPositionChanged, this, &EnhancedTextView::caretMoved);
+    connect(this, &QPlainTextEdit::updateRequest, this, [this](const QRect &rect, int dy) {
+        if (dy)
+            m_gutter->scroll(0, dy);
+        else
+            m_gutter->update(0, rect.y(), m_gutter->width(), rect.height());
+    });
+    connect(this, &QPlainTextEdit::blockCountChanged, this, &EnhancedTextView::layoutGutter);
+    m_gutter->hide();
 
     setTextViewLayout();
     NotificationCenter::defaultCenter().addObserver(
@@ -154,6 +186,69 @@ void EnhancedTextView::setTextViewLayout()
 {
     m_model->engine().setOptions({m_defaults.value(Settings::TypographyAutoPairBraces) != 0,
                                   m_defaults.value(Settings::TypographyUseQuoteStyle)});
+    m_appearance = EditorAppearance::from(m_defaults);
+    EditorLook::apply(*this, m_appearance);
+    m_services->setOptions({m_defaults.value(Settings::TextViewCheckSpelling) != 0,
+                            m_defaults.value(Settings::TextViewLinkDetection) != 0,
+                            m_defaults.value(Settings::TextViewDashSubstitution) != 0});
+    m_typewriter.reset();
+}
+
+void EnhancedTextView::setLineGutterVisible(bool visible)
+{
+    m_gutter->setVisible(visible);
+    layoutGutter();
+}
+
+void EnhancedTextView::layoutGutter()
+{
+    const int width = m_gutter->isHidden() ? 0 : m_gutter->preferredWidth();
+    setViewportMargins(width, 0, 0, 0);
+    const QRect area = contentsRect();
+    m_gutter->setGeometry(area.left(), area.top(), width, area.height());
+}
+
+QRectF EnhancedTextView::insertionPointRect() const
+{
+    return m_caret->rect();
+}
+
+void EnhancedTextView::paintEvent(QPaintEvent *e)
+{
+    QPlainTextEdit::paintEvent(e);
+    QPainter painter(viewport());
+    m_caret->paint(painter);
+}
+
+void EnhancedTextView::resizeEvent(QResizeEvent *e)
+{
+    QPlainTextEdit::resizeEvent(e);
+    layoutGutter();
+}
+
+void EnhancedTextView::focusInEvent(QFocusEvent *e)
+{
+    QPlainTextEdit::focusInEvent(e);
+    m_caret->restartBlinking();
+}
+
+void EnhancedTextView::focusOutEvent(QFocusEvent *e)
+{
+    QPlainTextEdit::focusOutEvent(e);
+    m_caret->stopBlinking();
+}
+
+void EnhancedTextView::caretMoved()
+{
+    if (hasFocus())
+        m_caret->restartBlinking();
+    // A click places the caret where the user looks; only typing and keys move the view.
+    if (!m_appearance.typewriterScrolling || QGuiApplication::mouseButtons() != Qt::NoButton)
+        return;
+    const QTextCursor cursor = textCursor();
+    if (m_typewriter.shouldAdjust(cursor.position(), document()->characterCount() - 1,
+                                  !cursor.hasSelection()))
+        EditorLook::bringCaretLineToMiddle(*this);
 }
 
 // Pairing follows the preference from the next key on; the quote marks wait for the layout.
@@ -190,38 +285,35 @@ QString EnhancedTextView::redoActionName() const
     return key.isEmpty() ? QString() : qtTrId(key.toLatin1().constData());
 }
 
-QAction *EnhancedTextView::createUndoAction(QObject *parent)
+// Undo and redo items that name the step they act on.
+static QAction *historyAction(EnhancedTextView *view, QObject *parent, bool redo)
 {
     auto *action = new QAction(parent);
-    action->setShortcuts(QKeySequence::Undo);
-    action->setToolTip(qtTrId("EDITOR_UNDO_TOOLTIP"));
-    auto update = [this, action] {
-        const QString name = undoActionName();
-        action->setText(name.isEmpty() ? qtTrId("EDITOR_UNDO")
-                                       : qtTrId("EDITOR_UNDO_NAMED").arg(name));
-        action->setEnabled(canUndo() && isEditable());
+    action->setShortcuts(redo ? QKeySequence::Redo : QKeySequence::Undo);
+    action->setToolTip(qtTrId(redo ? "EDITOR_REDO_TOOLTIP" : "EDITOR_UNDO_TOOLTIP"));
+    auto update = [view, action, redo] {
+        const QString name = redo ? view->redoActionName() : view->undoActionName();
+        if (name.isEmpty())
+            action->setText(qtTrId(redo ? "EDITOR_REDO" : "EDITOR_UNDO"));
+        else
+            action->setText(qtTrId(redo ? "EDITOR_REDO_NAMED" : "EDITOR_UNDO_NAMED").arg(name));
+        action->setEnabled((redo ? view->canRedo() : view->canUndo()) && view->isEditable());
     };
-    connect(this, &EnhancedTextView::undoStateChanged, action, update);
-    connect(action, &QAction::triggered, this, &EnhancedTextView::undo);
+    QObject::connect(view, &EnhancedTextView::undoStateChanged, action, update);
+    QObject::connect(action, &QAction::triggered, view,
+                     redo ? &EnhancedTextView::redo : &EnhancedTextView::undo);
     update();
     return action;
 }
 
+QAction *EnhancedTextView::createUndoAction(QObject *parent)
+{
+    return historyAction(this, parent, false);
+}
+
 QAction *EnhancedTextView::createRedoAction(QObject *parent)
 {
-    auto *action = new QAction(parent);
-    action->setShortcuts(QKeySequence::Redo);
-    action->setToolTip(qtTrId("EDITOR_REDO_TOOLTIP"));
-    auto update = [this, action] {
-        const QString name = redoActionName();
-        action->setText(name.isEmpty() ? qtTrId("EDITOR_REDO")
-                                       : qtTrId("EDITOR_REDO_NAMED").arg(name));
-        action->setEnabled(canRedo() && isEditable());
-    };
-    connect(this, &EnhancedTextView::undoStateChanged, action, update);
-    connect(action, &QAction::triggered, this, &EnhancedTextView::redo);
-    update();
-    return action;
+    return historyAction(this, parent, true);
 }
 
 void EnhancedTextView::undo()
@@ -347,6 +439,7 @@ void EnhancedTextView::keyPressEvent(QKeyEvent *e)
     }
     if (isTypedText(e)) {
         userEdit(m_model->selectedRange(), e->text(), kTyping);
+        m_services->textTyped(e->text());
         e->accept();
         return;
     }
@@ -427,105 +520,24 @@ void EnhancedTextView::contextMenuEvent(QContextMenuEvent *e)
 {
     QMenu *menu = createStandardContextMenu(e->pos());
     contextMenuTextViewSetup(menu);
+    m_services->addSpellingActions(menu, cursorForPosition(e->pos()).position());
     menu->exec(e->globalPos());
     delete menu;
 }
 
 void EnhancedTextView::contextMenuTextViewSetup(QMenu *menu)
 {
-    // The standard entries that change text go through this view's history.
-    for (QAction *action : menu->actions()) {
-        const QString name = action->objectName();
-        if (name == u"edit-undo") {
-            action->disconnect();
-            action->setEnabled(canUndo() && isEditable());
-            connect(action, &QAction::triggered, this, &EnhancedTextView::undo);
-        } else if (name == u"edit-redo") {
-            action->disconnect();
-            action->setEnabled(canRedo() && isEditable());
-            connect(action, &QAction::triggered, this, &EnhancedTextView::redo);
-        } else if (name == u"edit-cut") {
-            action->disconnect();
-            connect(action, &QAction::triggered, this, &EnhancedTextView::cut);
-        } else if (name == u"edit-delete") {
-            action->disconnect();
-            connect(action, &QAction::triggered, this, [this] {
-                const TextRange s = m_model->selectedRange();
-                if (s.length > 0 && isEditable())
-                    userEdit(s, QString(), QStringLiteral("UNDO_DELETE"));
-            });
-        }
-    }
-    // The clean-up items come from the action table, made afresh for each menu.
-    if (menu->findChild<QAction *>(QStringLiteral("actionRemoveMarkup")))
-        return;
-    QAction *first = menu->actions().value(0);
-    const QList<QAction *> cleanUp =
-        MenuBuilder::createContextActions(QStringLiteral("contextMenuEditor"), menu);
-    for (QAction *action : cleanUp) {
-        const QString name = action->objectName();
-        if (name == u"actionRemoveMarkup")
-            connect(action, &QAction::triggered, this,
-                    &EnhancedTextView::contextActionRemoveMarkup);
-        else if (name == u"actionTrimLines")
-            connect(action, &QAction::triggered, this, &EnhancedTextView::contextActionTrimLines);
-        action->setEnabled(isEditable());
-        menu->insertAction(first, action);
-    }
-    menu->insertSeparator(first);
+    EditorContextMenu::setUp(*this, menu);
+}
+
+void EnhancedTextView::replaceAsTyped(QPair<int, int> range, const QString &text,
+                                      const QString &actionKey)
+{
+    if (isEditable())
+        userEdit(toRange(range), text, actionKey);
 }
 
 // --- commands -----------------------------------------------------------------------------
-
-void EnhancedTextView::insertSelectedTextBeforeSelection()
-{
-    LineCommands::insertSelectedTextBeforeSelection(*m_model);
-}
-
-void EnhancedTextView::insertSelectedTextAfterSelection()
-{
-    LineCommands::insertSelectedTextAfterSelection(*m_model);
-}
-
-void EnhancedTextView::insertSelectedTextLeftToSelection()
-{
-    LineCommands::insertSelectedTextLeftToSelection(*m_model);
-}
-
-void EnhancedTextView::insertSelectedTextRightToSelection()
-{
-    LineCommands::insertSelectedTextRightToSelection(*m_model);
-}
-
-void EnhancedTextView::moveSelectionLeft()
-{
-    LineCommands::moveSelectionLeft(*m_model);
-}
-
-void EnhancedTextView::moveSelectionRight()
-{
-    LineCommands::moveSelectionRight(*m_model);
-}
-
-void EnhancedTextView::moveCursorToTheEndOfParagraph()
-{
-    LineCommands::moveCursorToTheEndOfParagraph(*m_model);
-}
-
-void EnhancedTextView::moveCursorToTheBeginningOfParagraph()
-{
-    LineCommands::moveCursorToTheBeginningOfParagraph(*m_model);
-}
-
-void EnhancedTextView::moveCursorToPreviousEmptyLine()
-{
-    LineCommands::moveCursorToPreviousEmptyLine(*m_model);
-}
-
-void EnhancedTextView::moveCursorToNextEmptyLine()
-{
-    LineCommands::moveCursorToNextEmptyLine(*m_model);
-}
 
 void EnhancedTextView::moveCursorToTheEndOfParagraphAndPerformHardLineBreak()
 {

@@ -1,20 +1,27 @@
 #pragma once
 
+#include "editor/EditorAppearance.h"
 #include "editor/LineCommands.h"
 #include "editor/ListNumbering.h"
 #include "editor/MarkupInsertion.h"
 #include "editor/TextEditorModel.h"
+#include "editor/TypewriterScroll.h"
 
 #include <QPair>
 #include <QPlainTextEdit>
 #include <QString>
 #include <QStringList>
+#include <QTextBlock>
 #include <QVariantMap>
 
+class InsertionPoint;
+class LineNumberGutter;
 class QAction;
 class QMenu;
 class QMimeData;
 class QTimer;
+class SpacedTextLayout;
+class TextServices;
 class UserDefaults;
 
 // The entry editor. Every user edit (keys, input-method commits, paste, drop, deletions) is
@@ -56,6 +63,20 @@ public:
     // Abbreviation -> expansion for Tab; read afresh on every call.
     virtual QVariantMap availableTabActions() const;
 
+    // The look last applied by setTextViewLayout, and the parts that carry it.
+    const EditorAppearance &appearance() const { return m_appearance; }
+    SpacedTextLayout *spacedLayout() const { return m_layout; }
+    InsertionPoint *insertionPoint() const { return m_caret; }
+    LineNumberGutter *lineGutter() const { return m_gutter; }
+    TextServices *textServices() const { return m_services; }
+    void setLineGutterVisible(bool visible);
+    // Where the caret is drawn, in viewport coordinates.
+    QRectF insertionPointRect() const;
+    // For the gutter: the visible paragraphs and where they are.
+    QTextBlock firstVisibleTextBlock() const { return firstVisibleBlock(); }
+    QRectF textBlockGeometry(const QTextBlock &block) const { return blockBoundingGeometry(block); }
+    QPointF visibleContentOffset() const { return contentOffset(); }
+
     static int convertToNormal(const QString &roman)
     {
         return ListNumbering::convertToNormal(roman);
@@ -86,6 +107,8 @@ public:
 
     // The editor's context menu: the standard one with the two clean-ups in front.
     void contextMenuTextViewSetup(QMenu *menu);
+    // An edit as if the user made it: through the change filter's history, named actionKey.
+    void replaceAsTyped(QPair<int, int> range, const QString &text, const QString &actionKey);
 
 public Q_SLOTS:
     void undo();
@@ -94,18 +117,33 @@ public Q_SLOTS:
 
     void indentSelectedText() { LineCommands::indentSelectedText(*m_model); }
     void deIndentSelectedText() { LineCommands::deIndentSelectedText(*m_model); }
-    void insertSelectedTextBeforeSelection();
-    void insertSelectedTextAfterSelection();
-    void insertSelectedTextLeftToSelection();
-    void insertSelectedTextRightToSelection();
+    void insertSelectedTextBeforeSelection()
+    {
+        LineCommands::insertSelectedTextBeforeSelection(*m_model);
+    }
+    void insertSelectedTextAfterSelection()
+    {
+        LineCommands::insertSelectedTextAfterSelection(*m_model);
+    }
+    void insertSelectedTextLeftToSelection()
+    {
+        LineCommands::insertSelectedTextLeftToSelection(*m_model);
+    }
+    void insertSelectedTextRightToSelection()
+    {
+        LineCommands::insertSelectedTextRightToSelection(*m_model);
+    }
     void moveSelectionUp() { LineCommands::moveSelectionUp(*m_model); }
     void moveSelectionDown() { LineCommands::moveSelectionDown(*m_model); }
-    void moveSelectionLeft();
-    void moveSelectionRight();
-    void moveCursorToTheEndOfParagraph();
-    void moveCursorToTheBeginningOfParagraph();
-    void moveCursorToPreviousEmptyLine();
-    void moveCursorToNextEmptyLine();
+    void moveSelectionLeft() { LineCommands::moveSelectionLeft(*m_model); }
+    void moveSelectionRight() { LineCommands::moveSelectionRight(*m_model); }
+    void moveCursorToTheEndOfParagraph() { LineCommands::moveCursorToTheEndOfParagraph(*m_model); }
+    void moveCursorToTheBeginningOfParagraph()
+    {
+        LineCommands::moveCursorToTheBeginningOfParagraph(*m_model);
+    }
+    void moveCursorToPreviousEmptyLine() { LineCommands::moveCursorToPreviousEmptyLine(*m_model); }
+    void moveCursorToNextEmptyLine() { LineCommands::moveCursorToNextEmptyLine(*m_model); }
     void moveCursorToTheEndOfParagraphAndPerformHardLineBreak();
 
     void performMarkupInsertion(const QString &templateText);
@@ -132,15 +170,27 @@ protected:
     void insertFromMimeData(const QMimeData *source) override;
     void dropEvent(QDropEvent *e) override;
     void contextMenuEvent(QContextMenuEvent *e) override;
+    void paintEvent(QPaintEvent *e) override;
+    void resizeEvent(QResizeEvent *e) override;
+    void focusInEvent(QFocusEvent *e) override;
+    void focusOutEvent(QFocusEvent *e) override;
 
 private:
     bool handleDeletionKey(QKeyEvent *e);
     void userEdit(TextRange range, const QString &text, const QString &actionKey);
     void documentChanged(int position, int removed, int added);
     void settingChanged(const QString &key);
+    void caretMoved();
+    void layoutGutter();
 
     UserDefaults &m_defaults;
     TextEditorModel *m_model;
     QTimer *m_changeTimer;
     QTimer *m_countTimer;
+    SpacedTextLayout *m_layout = nullptr;
+    InsertionPoint *m_caret = nullptr;
+    LineNumberGutter *m_gutter = nullptr;
+    TextServices *m_services = nullptr;
+    EditorAppearance m_appearance;
+    TypewriterScroll m_typewriter;
 };

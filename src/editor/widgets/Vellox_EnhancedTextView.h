@@ -2,7 +2,10 @@
 
 #include "EnhancedTextView.h"
 
-// The editor the main window uses: tab actions come from the tab-action file in use.
+class WordCompleter;
+
+// The editor the main window uses: tab actions come from the tab-action file in use, and
+// their abbreviations complete the word being typed.
 class Vellox_EnhancedTextView : public EnhancedTextView
 {
     Q_OBJECT
@@ -11,4 +14,19 @@ public:
 
     QVariantMap availableTabActions() const override;
     void sendNotifactionUpdatesTextCountUpdate() override;
+
+    // The abbreviations that complete the text in range, in the locale's case-blind order;
+    // the tab-action file is read afresh each time.
+    QStringList completionsForPartialWordRange(QPair<int, int> range) const;
+    WordCompleter *wordCompleter() const { return m_completer; }
+
+public Q_SLOTS:
+    // The completion key: a pop-up of completions for the word before the caret.
+    void complete();
+
+protected:
+    void keyPressEvent(QKeyEvent *e) override;
+
+private:
+    WordCompleter *m_completer;
 };
