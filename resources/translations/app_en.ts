@@ -1043,5 +1043,9 @@
         <source>The extension new entries are saved with; “textbundle” keeps each entry with its attachments in a folder</source>
         <translation>The extension new entries are saved with; “textbundle” keeps each entry with its attachments in a folder</translation>
     </message>
+    <message id="CAPTURE_PANEL_NOTE">
+        <source>Note</source>
+        <translation>Note</translation>
+    </message>
 </context>
 </TS>

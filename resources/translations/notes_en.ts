@@ -175,5 +175,61 @@
         <source>The note could not be written to “%1”: %2</source>
         <translation>The note could not be written to “%1”: %2</translation>
     </message>
+    <message id="STATUSBAR_NOTE_CANCEL">
+        <source>Cancel</source>
+        <translation>Cancel</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_CANCEL_TIP">
+        <source>Close the panel without keeping the note</source>
+        <translation>Close the panel without keeping the note</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_DAY">
+        <source>Day of the month</source>
+        <translation>Day of the month</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_MONTH">
+        <source>Month</source>
+        <translation>Month</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_NOTEBOOK">
+        <source>Notebook</source>
+        <translation>Notebook</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_NOTEBOOK_TIP">
+        <source>The notebook the note goes into</source>
+        <translation>The notebook the note goes into</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_OK">
+        <source>Add Note</source>
+        <translation>Add Note</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_OK_TIP">
+        <source>Add the note to the chosen notebook</source>
+        <translation>Add the note to the chosen notebook</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_PANE">
+        <source>Quick note</source>
+        <translation>Quick note</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_PANE_TIP">
+        <source>Take a quick note into any notebook</source>
+        <translation>Take a quick note into any notebook</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_TEXT">
+        <source>Note</source>
+        <translation>Note</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_TEXT_TIP">
+        <source>The text of the note</source>
+        <translation>The text of the note</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_TIME">
+        <source>Time the note was begun</source>
+        <translation>Time the note was begun</translation>
+    </message>
+    <message id="STATUSBAR_NOTE_WEEKDAY">
+        <source>Weekday</source>
+        <translation>Weekday</translation>
+    </message>
 </context>
 </TS>

@@ -2,12 +2,15 @@
 
 #include "AppController.h"
 #include "MainWindow.h"
+#include "NotesWiring.h"
 #include "PreferencesController.h"
 #include "menubar/GlobalKeyStatus.h"
 #include "menubar/widgets/CapturePanel.h"
 #include "menubar/widgets/GlobalShortcutPane.h"
 #include "menubar/widgets/MenubarController.h"
 #include "menubar/widgets/StatusBarSearch.h"
+#include "notes/widgets/NotesTableController.h"
+#include "notes/widgets/StatusBarNotePane.h"
 #include "widgets/MessageBar.h"
 
 #include <QAction>
@@ -21,6 +24,13 @@ void wireMenubar(AppController &app)
 {
     auto *controller = new MenubarController(app.defaults(), &app);
     controller->setObjectName(QStringLiteral("menubarController"));
+    if (NotesTableController *notes = notesController(app)) {
+        auto *pane = new StatusBarNotePane(*notes, app.registry());
+        //% "Note"
+        controller->panel()->addPane(CapturePanel::NotePaneId, qtTrId("CAPTURE_PANEL_NOTE"), pane);
+        QObject::connect(controller->panel(), &CapturePanel::aboutToOpen, pane,
+                         &StatusBarNotePane::prepare);
+    }
     //% "Search"
     controller->panel()->addPane(CapturePanel::SearchPaneId, qtTrId("CAPTURE_PANEL_SEARCH"),
                                  new StatusBarSearch(app.defaults()));
