@@ -1047,5 +1047,77 @@
         <source>Note</source>
         <translation>Note</translation>
     </message>
+    <message id="PREFERENCES_ATTACHMENTS_AUTO">
+        <source>Open the attachment pane by itself</source>
+        <translation>Open the attachment pane by itself</translation>
+    </message>
+    <message id="PREFERENCES_ATTACHMENTS_AUTO_TIP">
+        <source>The pane opens for an entry with attachments and closes for one without</source>
+        <translation>The pane opens for an entry with attachments and closes for one without</translation>
+    </message>
+    <message id="PREFERENCES_ATTACHMENTS_GROUP">
+        <source>Attachments</source>
+        <translation>Attachments</translation>
+    </message>
+    <message id="PREFERENCES_ATTACHMENTS_TRASH_SOURCE">
+        <source>Move dropped files to the trash once copied</source>
+        <translation>Move dropped files to the trash once copied</translation>
+    </message>
+    <message id="PREFERENCES_ATTACHMENTS_TRASH_SOURCE_TIP">
+        <source>A file dropped on the pane goes to the trash after its copy is complete</source>
+        <translation>A file dropped on the pane goes to the trash after its copy is complete</translation>
+    </message>
+    <message id="PREFERENCES_NOTES_DATE_SIZE">
+        <source>Title size</source>
+        <translation>Title size</translation>
+    </message>
+    <message id="PREFERENCES_NOTES_DATE_SIZE_TIP">
+        <source>Font size of each note's time and date, in points</source>
+        <translation>Font size of each note's time and date, in points</translation>
+    </message>
+    <message id="PREFERENCES_NOTES_GROUP">
+        <source>Quick notes</source>
+        <translation>Quick notes</translation>
+    </message>
+    <message id="PREFERENCES_NOTES_PRINTING_PANE">
+        <source>Notes &amp; Printing</source>
+        <translation>Notes &amp; Printing</translation>
+    </message>
+    <message id="PREFERENCES_NOTES_TEXT_SIZE">
+        <source>Text size</source>
+        <translation>Text size</translation>
+    </message>
+    <message id="PREFERENCES_NOTES_TEXT_SIZE_TIP">
+        <source>Font size of the notes' text, in points</source>
+        <translation>Font size of the notes' text, in points</translation>
+    </message>
+    <message id="PREFERENCES_PRINTING_GROUP">
+        <source>Printing</source>
+        <translation>Printing</translation>
+    </message>
+    <message id="PREFERENCES_PRINT_COLOR">
+        <source>Colour</source>
+        <translation>Colour</translation>
+    </message>
+    <message id="PREFERENCES_PRINT_COLOR_TIP">
+        <source>Colour of the printed text</source>
+        <translation>Colour of the printed text</translation>
+    </message>
+    <message id="PREFERENCES_PRINT_FONT">
+        <source>Font</source>
+        <translation>Font</translation>
+    </message>
+    <message id="PREFERENCES_PRINT_FONT_TIP">
+        <source>The typeface printed entries are set in</source>
+        <translation>The typeface printed entries are set in</translation>
+    </message>
+    <message id="PREFERENCES_PRINT_SIZE">
+        <source>Size</source>
+        <translation>Size</translation>
+    </message>
+    <message id="PREFERENCES_PRINT_SIZE_TIP">
+        <source>Font size of printed entries, in points</source>
+        <translation>Font size of printed entries, in points</translation>
+    </message>
 </context>
 </TS>

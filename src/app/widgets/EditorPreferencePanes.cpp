@@ -2,6 +2,7 @@
 
 #include "ColorWell.h"
 #include "LibraryPreferencePane.h"
+#include "NotesPrintingPreferencePane.h"
 #include "PreferenceForm.h"
 #include "core/Notifications.h"
 #include "core/UserDefaults.h"
@@ -284,4 +285,6 @@ void EditorPreferencePanes::addTo(QTabWidget *tabs, UserDefaults &defaults)
     tabs->addTab(full, full->accessibleName());
     QWidget *entries = LibraryPreferencePane::create(defaults);
     tabs->addTab(entries, entries->accessibleName());
+    QWidget *notes = NotesPrintingPreferencePane::create(defaults);
+    tabs->addTab(notes, notes->accessibleName());
 }

@@ -68,6 +68,10 @@ NotesTableController::NotesTableController(UserDefaults &defaults, NotebookRegis
     NotificationCenter::defaultCenter().addObserver(
         this, Notifications::DiaryNewSelectedReloadNotes,
         [this](const Notification &) { diarychangedReloadNotes(); });
+    // Font sizes and the dark style chosen in Preferences show at once.
+    NotificationCenter::defaultCenter().addObserver(
+        this, Notifications::TextViewAttributesChanged,
+        [this](const Notification &) { applyAppearance(); });
 }
 
 NotesTableController::~NotesTableController()
