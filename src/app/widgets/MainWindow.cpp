@@ -332,7 +332,10 @@ void MainWindow::applyDarkAppearance(bool dark)
             "  padding: 4px; }"
             "QLabel#wordCounter { color: #ffffff; }"
             "QComboBox#notebookPopUp { color: #ffffff; background: #2d2d2d; }"
-            "QToolButton { color: #ffffff; }"));
+            "QToolButton { color: #ffffff; }"
+            "QWidget#quickNotesView QLabel { color: #ffffff; }"
+            "QWidget#quickNotesView QToolButton { background: #2d2d2d; border: 1px solid #555;"
+            "  padding: 1px 5px; }"));
     } else {
         setStyleSheet(QString());
     }
