@@ -1,6 +1,7 @@
 #include "ePubCreator.h"
 
 #include "ChildProcess.h"
+#include "HtmlDocument.h"
 #include "XhtmlCleaner.h"
 #include "core/AppPaths.h"
 
@@ -98,29 +99,7 @@ QString ePubCreator::bookFile() const
 
 QString ePubCreator::escapedForHTML(const QString &text)
 {
-    QString out;
-    for (const QChar c : text) {
-        switch (c.unicode()) {
-        case '&':
-            out += QLatin1String("&amp;");
-            break;
-        case '<':
-            out += QLatin1String("&lt;");
-            break;
-        case '>':
-            out += QLatin1String("&gt;");
-            break;
-        case '"':
-            out += QLatin1String("&quot;");
-            break;
-        case '\'':
-            out += QLatin1String("&apos;");
-            break;
-        default:
-            out += c;
-        }
-    }
-    return out;
+    return HtmlDocument::escaped(text);
 }
 
 void ePubCreator::fill(QString &text, const QString &placeholder, const QString &value)
