@@ -15,7 +15,7 @@ struct ProgressivePage
     QStringList rest;
 
     // page: "<html><head>…</head>" + body markup + "</html>", as the preview builds it.
-    static ProgressivePage split(const QString &page, qsizetype firstChars = 48 * 1024,
+    static ProgressivePage split(const QString &page, qsizetype firstChars = 16 * 1024,
                                  qsizetype pieceChars = 512 * 1024);
 
     // Offsets in the body markup at which every element opened before has been closed,
