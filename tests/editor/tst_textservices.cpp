@@ -97,23 +97,6 @@ private Q_SLOTS:
         QCOMPARE(underlined(0), QStringList());
     }
 
-    // The longest entries load without marks; the entry after one is marked again.
-    void marksReturnAfterAnEntryTooLongForThem()
-    {
-        if (!SpellChecker(QStringLiteral("en_US")).isAvailable())
-            QSKIP("No English dictionary installed (Debian: hunspell-en-us); spelling untested");
-        view->setString(
-            QStringLiteral("Thiss wrod\n") +
-            QStringLiteral("abc\n").repeated(Vellox_EnhancedTextView::LongTextWithoutMarks / 4));
-        QVERIFY(view->textServices()->isSuspended());
-        QTest::qWait(50);
-        QCOMPARE(underlined(0), QStringList());
-
-        view->setString(QStringLiteral("Thiss is short\n"));
-        QVERIFY(!view->textServices()->isSuspended());
-        QTRY_COMPARE(underlined(0), QStringList{"Thiss"});
-    }
-
     void doubleHyphensBecomeDashesBetweenWords()
     {
         QTest::keyClicks(view.get(), "a -- b, x--y, --flag ---");

@@ -121,14 +121,7 @@ EnhancedTextView::~EnhancedTextView() = default;
 
 void EnhancedTextView::setString(const QString &text)
 {
-    // Detached before a long text loads (so its paragraphs are never walked), attached again
-    // after a shorter one is in.
-    const bool longText = text.size() > LongTextWithoutMarks;
-    if (longText)
-        m_services->setSuspended(true);
     m_model->setString(text);
-    if (!longText)
-        m_services->setSuspended(false);
     // The notice of an edit made before the load belongs to the previous text.
     m_changeTimer->stop();
     m_countTimer->stop();

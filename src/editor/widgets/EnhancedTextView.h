@@ -69,8 +69,6 @@ public:
     InsertionPoint *insertionPoint() const { return m_caret; }
     LineNumberGutter *lineGutter() const { return m_gutter; }
     TextServices *textServices() const { return m_services; }
-    // Texts longer than this (in characters) are shown without spelling and link marks.
-    static constexpr int LongTextWithoutMarks = 4 * 1024 * 1024;
     void setLineGutterVisible(bool visible);
     // Where the caret is drawn, in viewport coordinates.
     QRectF insertionPointRect() const;

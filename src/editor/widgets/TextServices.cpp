@@ -50,20 +50,9 @@ SpellChecker *TextServices::spellChecker()
     return m_spelling.get();
 }
 
-void TextServices::setSuspended(bool suspended)
-{
-    if (suspended == m_suspended)
-        return;
-    m_suspended = suspended;
-    setOptions(m_options);
-    // The text loaded meanwhile is marked now, as it would have been while it loaded.
-    if (!suspended && document())
-        rehighlight();
-}
-
 void TextServices::setOptions(const Options &options)
 {
-    const bool marks = (options.spelling || options.links) && !m_suspended;
+    const bool marks = options.spelling || options.links;
     const bool changed = options.spelling != m_options.spelling || options.links != m_options.links;
     m_options = options;
     if (!marks) {

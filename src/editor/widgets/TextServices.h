@@ -28,10 +28,6 @@ public:
         bool dashes = false;
     };
     void setOptions(const Options &options);
-    // The longest texts go without marks: a freshly loaded text is walked paragraph by
-    // paragraph by the highlighter, which for them alone would hold the window.
-    void setSuspended(bool suspended);
-    bool isSuspended() const { return m_suspended; }
     Options options() const { return m_options; }
     SpellChecker *spellChecker();
 
@@ -55,6 +51,5 @@ private:
     EnhancedTextView *m_view;
     std::unique_ptr<SpellChecker> m_spelling;
     Options m_options;
-    bool m_suspended = false;
     QTimer m_visibleCheck;
 };
