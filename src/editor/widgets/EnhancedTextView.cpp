@@ -1,5 +1,6 @@
 #include "EnhancedTextView.h"
 
+#include "BackgroundDocumentLoad.h"
 #include "EditorContextMenu.h"
 #include "EditorLook.h"
 #include "InsertionPoint.h"
@@ -69,7 +70,6 @@ EnhancedTextView::EnhancedTextView(UserDefaults &defaults, QWidget *parent)
     , m_model(new TextEditorModel(std::make_unique<ViewTextBuffer>(withSpacedLayout(this)), this))
     , m_changeTimer(new QTimer(this))
     , m_countTimer(new QTimer(this))
-    , m_layout(static_cast<SpacedTextLayout *>(document()->documentLayout()))
     , m_caret(new InsertionPoint(this))
     , m_gutter(new LineNumberGutter(this))
     , m_services(new TextServices(this))
@@ -97,6 +97,8 @@ EnhancedTextView::EnhancedTextView(UserDefaults &defaults, QWidget *parent)
             &EnhancedTextView::ensureCursorVisible);
     connect(m_model, &TextEditorModel::undoStateChanged, this, &EnhancedTextView::undoStateChanged);
     connect(document(), &QTextDocument::contentsChange, this, &EnhancedTextView::documentChanged);
+    connect(&buffer().load(), &BackgroundDocumentLoad::documentReplaced, this,
+            &EnhancedTextView::documentReplaced);
     m_model->setTabActionProvider([this] { return availableTabActions(); });
     connect(&m_defaults, &UserDefaults::valueChanged, this, &EnhancedTextView::settingChanged);
     // The caret is drawn here, so the toolkit's own stays invisible.
@@ -119,9 +121,41 @@ EnhancedTextView::EnhancedTextView(UserDefaults &defaults, QWidget *parent)
 
 EnhancedTextView::~EnhancedTextView() = default;
 
+ViewTextBuffer &EnhancedTextView::buffer() const
+{
+    return static_cast<ViewTextBuffer &>(m_model->buffer());
+}
+
+SpacedTextLayout *EnhancedTextView::spacedLayout() const
+{
+    return static_cast<SpacedTextLayout *>(document()->documentLayout());
+}
+
+bool EnhancedTextView::isLoading() const
+{
+    return buffer().isLoading();
+}
+
+void EnhancedTextView::finishLoading()
+{
+    buffer().finishLoading();
+}
+
+void EnhancedTextView::documentReplaced()
+{
+    document()->setUndoRedoEnabled(false);
+    connect(document(), &QTextDocument::contentsChange, this, &EnhancedTextView::documentChanged);
+    setReadOnly(!isEditable());
+    m_services->attachDocument();
+    layoutGutter();
+    viewport()->update();
+}
+
 void EnhancedTextView::setString(const QString &text)
 {
     m_model->setString(text);
+    if (isLoading())
+        setReadOnly(true); // nothing may be typed into the empty stand-in
     // The notice of an edit made before the load belongs to the previous text.
     m_changeTimer->stop();
     m_countTimer->stop();
@@ -129,6 +163,8 @@ void EnhancedTextView::setString(const QString &text)
 
 QString EnhancedTextView::string() const
 {
+    if (buffer().isLoading())
+        return buffer().load().text();
     QString text = document()->toRawText();
     text.replace(QChar::ParagraphSeparator, u'\n');
     return text;
@@ -137,7 +173,7 @@ QString EnhancedTextView::string() const
 void EnhancedTextView::setEditable(bool editable)
 {
     const bool changed = editable != m_model->isEditable();
-    setReadOnly(!editable);
+    setReadOnly(!editable || isLoading());
     m_model->setEditable(editable);
     if (changed) {
         Q_EMIT editableChanged(editable);
@@ -399,6 +435,7 @@ bool EnhancedTextView::handleDeletionKey(QKeyEvent *e)
 
 void EnhancedTextView::keyPressEvent(QKeyEvent *e)
 {
+    finishLoading();
     if (isReadOnly() || !isEditable()) {
         QPlainTextEdit::keyPressEvent(e);
         return;
@@ -535,55 +572,6 @@ void EnhancedTextView::replaceAsTyped(QPair<int, int> range, const QString &text
 {
     if (isEditable())
         userEdit(toRange(range), text, actionKey);
-}
-
-// --- commands -----------------------------------------------------------------------------
-
-void EnhancedTextView::moveCursorToTheEndOfParagraphAndPerformHardLineBreak()
-{
-    if (isEditable())
-        LineCommands::moveCursorToTheEndOfParagraphAndPerformHardLineBreak(*m_model);
-    ensureCursorVisible();
-}
-
-void EnhancedTextView::performMarkupInsertion(const QString &templateText)
-{
-    MarkupInsertion::performMarkupInsertion(*m_model, templateText);
-}
-
-void EnhancedTextView::insertBoldTypeStyle()
-{
-    MarkupInsertion::insertBoldTypeStyle(*m_model, MarkupLanguage::current(m_defaults));
-}
-
-void EnhancedTextView::insertItalicTypeStyle()
-{
-    MarkupInsertion::insertItalicTypeStyle(*m_model, MarkupLanguage::current(m_defaults));
-}
-
-void EnhancedTextView::insertStrikeTypeStyle()
-{
-    MarkupInsertion::insertStrikeTypeStyle(*m_model, MarkupLanguage::current(m_defaults));
-}
-
-void EnhancedTextView::insertHeadlineStyleType(int level)
-{
-    MarkupInsertion::insertHeadlineStyleType(*m_model, MarkupLanguage::current(m_defaults), level);
-}
-
-void EnhancedTextView::transformSelectedTextToTag()
-{
-    MarkupInsertion::transformSelectedTextToTag(*m_model);
-}
-
-void EnhancedTextView::contextActionRemoveMarkup()
-{
-    MarkupInsertion::removeMarkup(*m_model, MarkupLanguage::current(m_defaults));
-}
-
-void EnhancedTextView::contextActionTrimLines()
-{
-    MarkupInsertion::trimLines(*m_model);
 }
 
 void EnhancedTextView::sendNotifactionUpdatesTextHasChanged()

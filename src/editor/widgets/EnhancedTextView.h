@@ -22,6 +22,7 @@ class QMimeData;
 class QTimer;
 class SpacedTextLayout;
 class TextServices;
+class ViewTextBuffer;
 class UserDefaults;
 
 // The entry editor. Every user edit (keys, input-method commits, paste, drop, deletions) is
@@ -65,7 +66,11 @@ public:
 
     // The look last applied by setTextViewLayout, and the parts that carry it.
     const EditorAppearance &appearance() const { return m_appearance; }
-    SpacedTextLayout *spacedLayout() const { return m_layout; }
+    SpacedTextLayout *spacedLayout() const;
+    // A long text is still being loaded into the view (it reads whole all the same).
+    bool isLoading() const;
+    // Waits for a long text's load, so the view shows all of it.
+    void finishLoading();
     InsertionPoint *insertionPoint() const { return m_caret; }
     LineNumberGutter *lineGutter() const { return m_gutter; }
     TextServices *textServices() const { return m_services; }
@@ -179,6 +184,8 @@ private:
     bool handleDeletionKey(QKeyEvent *e);
     void userEdit(TextRange range, const QString &text, const QString &actionKey);
     void documentChanged(int position, int removed, int added);
+    void documentReplaced();
+    ViewTextBuffer &buffer() const;
     void settingChanged(const QString &key);
     void caretMoved();
     void layoutGutter();
@@ -187,7 +194,6 @@ private:
     TextEditorModel *m_model;
     QTimer *m_changeTimer;
     QTimer *m_countTimer;
-    SpacedTextLayout *m_layout = nullptr;
     InsertionPoint *m_caret = nullptr;
     LineNumberGutter *m_gutter = nullptr;
     TextServices *m_services = nullptr;

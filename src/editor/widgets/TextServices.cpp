@@ -25,7 +25,7 @@ const QRegularExpression &linkPattern()
 } // namespace
 
 TextServices::TextServices(EnhancedTextView *view)
-    : QSyntaxHighlighter(static_cast<QObject *>(view))
+    : QObject(view)
     , m_view(view)
 {
     m_visibleCheck.setSingleShot(true);
@@ -35,9 +35,19 @@ TextServices::TextServices(EnhancedTextView *view)
             qOverload<>(&QTimer::start));
     connect(view, &QPlainTextEdit::textChanged, &m_visibleCheck, qOverload<>(&QTimer::start));
     view->viewport()->installEventFilter(this);
+    attachDocument();
 }
 
 TextServices::~TextServices() = default;
+
+void TextServices::attachDocument()
+{
+    if (m_document)
+        disconnect(m_document, nullptr, this, nullptr);
+    m_document = m_view->document();
+    connect(m_document, &QTextDocument::contentsChange, this, &TextServices::contentsChanged);
+    m_visibleCheck.start();
+}
 
 SpellChecker *TextServices::spellChecker()
 {
@@ -52,56 +62,107 @@ SpellChecker *TextServices::spellChecker()
 
 void TextServices::setOptions(const Options &options)
 {
-    const bool marks = options.spelling || options.links;
     const bool changed = options.spelling != m_options.spelling || options.links != m_options.links;
     m_options = options;
-    if (!marks) {
-        setDocument(nullptr);
-        return;
-    }
     if (options.spelling)
         spellChecker();
-    if (document() != m_view->document())
-        setDocument(m_view->document());
-    else if (changed)
-        rehighlight();
+    if (!changed)
+        return;
+    if (marks())
+        remarkAll();
+    else
+        clearAllBlocks();
 }
 
-bool TextServices::isNearlyVisible(const QTextBlock &block) const
+void TextServices::remarkAll()
 {
-    const int first = m_view->firstVisibleTextBlock().blockNumber();
-    const int lineHeight = std::max(1, m_view->fontMetrics().lineSpacing());
-    const int lines = m_view->viewport()->height() / lineHeight + 2;
-    const int number = block.blockNumber();
-    return number >= first - 2 && number <= first + lines;
+    // Paragraphs off screen keep their old marks until they come into view, where the new
+    // generation no longer matches theirs.
+    ++m_generation;
+    checkVisibleBlocks();
+}
+
+int TextServices::stamp(const QTextBlock &block) const
+{
+    const int value = int(qHash(block.text(), size_t(m_generation)) & 0x3fffffff);
+    return value + 1; // never -1, the state of a paragraph not yet looked at
+}
+
+void TextServices::contentsChanged(int position, int removed, int added)
+{
+    if (!marks() || !m_document)
+        return;
+    Q_UNUSED(removed);
+    // Edited paragraphs carry marks whose offsets no longer fit: they are redone now, before
+    // the view paints them. A large change (a load, a paste) makes new paragraphs, which
+    // carry none; only the two at its ends can hold stale ones.
+    QTextBlock first = m_document->findBlock(position);
+    const QTextBlock last = m_document->findBlock(position + added);
+    if (last.blockNumber() - first.blockNumber() > 100) {
+        checkBlock(first);
+        checkBlock(last);
+        return;
+    }
+    for (QTextBlock block = first; block.isValid(); block = block.next()) {
+        checkBlock(block);
+        if (block == last)
+            break;
+    }
 }
 
 void TextServices::checkVisibleBlocks()
 {
-    if (!document())
+    if (!marks() || !m_document)
         return;
     QTextBlock block = m_view->firstVisibleTextBlock();
+    if (block.isValid() && block.previous().isValid())
+        block = block.previous();
     const int lineHeight = std::max(1, m_view->fontMetrics().lineSpacing());
-    for (int left = m_view->viewport()->height() / lineHeight + 2; block.isValid() && left > 0;
+    for (int left = m_view->viewport()->height() / lineHeight + 3; block.isValid() && left > 0;
          --left, block = block.next()) {
-        if (block.userState() != Checked)
-            rehighlightBlock(block);
+        if (block.userState() != stamp(block))
+            checkBlock(block);
     }
 }
 
-void TextServices::highlightBlock(const QString &text)
+namespace {
+// Formats the input method laid over its preedit text stay; ours replace the rest.
+QList<QTextLayout::FormatRange> preeditFormats(const QTextLayout *layout)
 {
-    if (!isNearlyVisible(currentBlock())) {
-        setCurrentBlockState(Unchecked);
+    QList<QTextLayout::FormatRange> kept;
+    const int start = layout->preeditAreaPosition();
+    const int end = start + int(layout->preeditAreaText().size());
+    if (layout->preeditAreaText().isEmpty())
+        return kept;
+    for (const auto &range : layout->formats())
+        if (range.start >= start && range.start + range.length <= end)
+            kept << range;
+    return kept;
+}
+
+void setBlockFormats(QTextDocument *document, QTextBlock block,
+                     const QList<QTextLayout::FormatRange> &formats)
+{
+    QTextLayout *layout = block.layout();
+    if (layout->formats() == formats)
         return;
-    }
-    setCurrentBlockState(Checked);
+    layout->setFormats(formats);
+    document->markContentsDirty(block.position(), block.length());
+}
+} // namespace
+
+void TextServices::checkBlock(QTextBlock block)
+{
+    if (!block.isValid())
+        return;
+    const QString text = block.text();
+    QList<QTextLayout::FormatRange> formats = preeditFormats(block.layout());
     if (m_options.spelling && m_spelling) {
         QTextCharFormat wrong;
         wrong.setUnderlineStyle(QTextCharFormat::SpellCheckUnderline);
         wrong.setUnderlineColor(Qt::red);
         for (const auto &word : m_spelling->misspelledWords(text))
-            setFormat(word.first, word.second, wrong);
+            formats.append({word.first, word.second, wrong});
     }
     if (m_options.links) {
         QTextCharFormat link;
@@ -110,9 +171,28 @@ void TextServices::highlightBlock(const QString &text)
         auto it = linkPattern().globalMatch(text);
         while (it.hasNext()) {
             const auto match = it.next();
-            setFormat(int(match.capturedStart()), int(match.capturedLength()), link);
+            formats.append({int(match.capturedStart()), int(match.capturedLength()), link});
         }
     }
+    block.setUserState(stamp(block));
+    setBlockFormats(m_document, block, formats);
+}
+
+void TextServices::clearBlock(QTextBlock block)
+{
+    block.setUserState(-1);
+    setBlockFormats(m_document, block, preeditFormats(block.layout()));
+}
+
+void TextServices::clearAllBlocks()
+{
+    if (!m_document)
+        return;
+    // Switching the marks off is rare; every paragraph that was ever marked is found by its
+    // state.
+    for (QTextBlock block = m_document->begin(); block.isValid(); block = block.next())
+        if (block.userState() != -1)
+            clearBlock(block);
 }
 
 QString TextServices::linkAt(int position) const
@@ -143,7 +223,7 @@ bool TextServices::eventFilter(QObject *watched, QEvent *event)
             }
         }
     }
-    return QSyntaxHighlighter::eventFilter(watched, event);
+    return QObject::eventFilter(watched, event);
 }
 
 QPair<int, int> TextServices::misspelledWordAt(int position)
@@ -190,7 +270,7 @@ void TextServices::addSpellingActions(QMenu *menu, int position)
     learn->setToolTip(qtTrId("EDITOR_SPELLING_LEARN_TIP"));
     connect(learn, &QAction::triggered, this, [this, misspelled] {
         m_spelling->addToDictionary(misspelled);
-        rehighlight();
+        remarkAll();
     });
     menu->insertAction(first, learn);
     menu->insertSeparator(first);

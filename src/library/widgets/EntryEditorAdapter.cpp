@@ -61,17 +61,25 @@ int EntryEditorAdapter::selectedLength() const
     return cursor.selectionEnd() - cursor.selectionStart();
 }
 
+int EntryEditorAdapter::length() const
+{
+    // The entry editor knows its length while a long text is still loading; the document's
+    // is known without copying its text out (the last block has no separator).
+    if (m_entryEditor)
+        return m_entryEditor->model().buffer().length();
+    return qMax(0, m_editor->document()->characterCount() - 1);
+}
+
 bool EntryEditorAdapter::holds(const QString &text) const
 {
-    if (qMax(0, m_editor->document()->characterCount() - 1) != text.size())
+    if (length() != text.size())
         return false;
     return string() == text;
 }
 
 void EntryEditorAdapter::setSelectedRange(int location, int length)
 {
-    // The document's length without copying its text out (the last block has no separator).
-    const int end = qMax(0, m_editor->document()->characterCount() - 1);
+    const int end = this->length();
     const int start = qBound(0, location, end);
     const int clampedLength = qBound(0, length, end - start);
     if (m_entryEditor) {

@@ -17,6 +17,8 @@ public:
 
     // The text exactly as typed: no-break spaces and line separators stay what they are.
     QString string() const;
+    // In UTF-16 code units, without copying the text.
+    int length() const;
     // Replaces the text without announcing a change (no save is scheduled by it).
     void setString(const QString &text);
     // True while setString runs, so change signals of the load are not taken for typing.

@@ -273,8 +273,7 @@ void EntrySession::updateWordAndCharCounter()
         m_counter->setText(QStringLiteral("0:0"));
         return;
     }
-    // The document knows its length without copying its text out.
-    if (m_editor.view()->document()->characterCount() - 1 <= kCountedAtOnce) {
+    if (m_editor.length() <= kCountedAtOnce) {
         m_counter->setText(WordCounter::counterText(m_editor.string()));
         return;
     }
