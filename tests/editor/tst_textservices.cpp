@@ -12,6 +12,7 @@
 #include <QCompleter>
 #include <QMenu>
 #include <QTextBlock>
+#include <QThreadPool>
 #include <QtTest>
 
 #include <memory>
@@ -143,6 +144,39 @@ private Q_SLOTS:
         QCOMPARE(services->linkAt(8), QString("https://example.org/a_b"));
         QCOMPARE(services->linkAt(40), QString("www.debian.org"));
         QCOMPARE(services->linkAt(1), QString());
+    }
+
+    // A long text arrives after the window went on; only what is on screen gets marks, the
+    // rest when it is scrolled to; and a text replaced while still loading never comes back.
+    void longTextsAreMarkedWhereTheyAreSeen()
+    {
+        if (!SpellChecker(QStringLiteral("en_US")).isAvailable())
+            QSKIP("No English dictionary installed (Debian: hunspell-en-us); spelling untested");
+        QString text;
+        for (int i = 0; text.size() < 700 * 1024; ++i)
+            text += QStringLiteral("Line %1 has a wrod in it\n").arg(i);
+        text += QStringLiteral("Last line with a mistaek");
+        const int lastBlock = int(text.count(u'\n'));
+        defaults->setValue(Settings::TextViewCheckSpelling, 1);
+        view->setTextViewLayout();
+
+        view->setString(text);
+        QVERIFY(view->isLoading());
+        QCOMPARE(view->string(), text);
+        QVERIFY(QTest::qWaitFor([this] { return !view->isLoading(); }, 20000));
+        QCOMPARE(view->document()->toPlainText(), text);
+        QVERIFY(QTest::qWaitFor([this] { return underlined(0) == QStringList{"wrod"}; }));
+        QCOMPARE(underlined(lastBlock), QStringList());
+
+        QTest::keyClick(view.get(), Qt::Key_End, Qt::ControlModifier);
+        QVERIFY(QTest::qWaitFor([&] { return underlined(lastBlock) == QStringList{"mistaek"}; }));
+
+        view->setString(text + "x");
+        view->setString("short");
+        QThreadPool::globalInstance()->waitForDone();
+        QCoreApplication::processEvents();
+        QCOMPARE(view->string(), QString("short"));
+        QCOMPARE(view->document()->toPlainText(), QString("short"));
     }
 };
 

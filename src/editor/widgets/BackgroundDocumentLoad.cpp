@@ -2,6 +2,7 @@
 
 #include "SpacedTextLayout.h"
 
+#include <QCoreApplication>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 #include <QTextDocument>
@@ -9,12 +10,17 @@
 #include <QtConcurrent/QtConcurrentRun>
 
 namespace {
-void deleteResult(QFuture<QTextDocument *> future)
+// A build nobody wants any more is left to finish on its own, so leaving a long entry
+// quickly never waits for it; its document goes when it is done.
+void discardWhenBuilt(const QFuture<QTextDocument *> &future)
 {
-    // The document was moved to the main thread when built; deleting it here is safe as
-    // nothing else ever saw it.
-    if (future.isValid() && future.isFinished() && future.resultCount() > 0)
-        delete future.result();
+    auto *reaper = new QFutureWatcher<QTextDocument *>(QCoreApplication::instance());
+    QObject::connect(reaper, &QFutureWatcher<QTextDocument *>::finished, reaper, [reaper] {
+        if (reaper->future().resultCount() > 0)
+            delete reaper->result();
+        reaper->deleteLater();
+    });
+    reaper->setFuture(future);
 }
 } // namespace
 
@@ -22,7 +28,7 @@ BackgroundDocumentLoad::BackgroundDocumentLoad(QPlainTextEdit *view)
     : m_view(view)
 {
     connect(&m_build, &QFutureWatcher<QTextDocument *>::finished, this, [this] {
-        if (m_loading)
+        if (m_loading && m_build.isFinished())
             adopt();
     });
 }
@@ -53,10 +59,9 @@ void BackgroundDocumentLoad::cancel()
         return;
     m_loading = false;
     m_text.clear();
-    QFuture<QTextDocument *> future = m_build.future();
+    const QFuture<QTextDocument *> future = m_build.future();
     m_build.setFuture(QFuture<QTextDocument *>());
-    future.waitForFinished();
-    deleteResult(future);
+    discardWhenBuilt(future);
 }
 
 void BackgroundDocumentLoad::finish()

@@ -34,6 +34,11 @@ TextServices::TextServices(EnhancedTextView *view)
     connect(view->verticalScrollBar(), &QScrollBar::valueChanged, &m_visibleCheck,
             qOverload<>(&QTimer::start));
     connect(view, &QPlainTextEdit::textChanged, &m_visibleCheck, qOverload<>(&QTimer::start));
+    // The view scrolls itself (to the caret, say) without its scroll bar telling anyone.
+    connect(view, &QPlainTextEdit::updateRequest, this, [this](const QRect &, int dy) {
+        if (dy)
+            m_visibleCheck.start();
+    });
     view->viewport()->installEventFilter(this);
     attachDocument();
 }
