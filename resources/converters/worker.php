@@ -24,6 +24,14 @@ function vellox_worker_convert(string $language, string $source, int &$status): 
             $smark = $language === 'smark';
             return vellox_chunk_convert($language, $source,
                 fn (string $run) => vellox_commonmark_convert($run, $smark));
+        case 'markdownhead':
+        case 'smarkhead':
+            // The first screens of a long text, for a preview to show while the rest converts.
+            require_once __DIR__ . '/lib/commonmark.php';
+            require_once __DIR__ . '/lib/chunks.php';
+            $smark = $language === 'smarkhead';
+            return vellox_chunk_convert_head(substr($language, 0, -4), $source,
+                fn (string $run) => vellox_commonmark_convert($run, $smark));
         case 'bbcode':
             require_once __DIR__ . '/lib/bbcode.php';
             return vellox_bbcode_convert($source);

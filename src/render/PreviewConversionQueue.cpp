@@ -19,6 +19,7 @@ PreviewConversionQueue::PreviewConversionQueue(QObject *parent)
     , m_thread(new QThread(this))
     , m_threadContext(new QObject)
     , m_converter(externalConverter())
+    , m_headConverter(externalHeadConverter())
     , m_newest(std::make_shared<std::atomic<quint64>>(0))
 {
     m_thread->setObjectName(QStringLiteral("Preview conversion"));
@@ -45,9 +46,22 @@ PreviewConversionQueue::Converter PreviewConversionQueue::externalConverter()
     };
 }
 
-void PreviewConversionQueue::setConverter(Converter converter)
+PreviewConversionQueue::HeadConverter PreviewConversionQueue::externalHeadConverter()
 {
-    m_converter = converter ? std::move(converter) : externalConverter();
+    return [](int language, const QString &text, bool *whole,
+              const std::function<bool()> &superseded) {
+        TaskController::Tools tools;
+        tools.timeoutMs = kPreviewConversionTimeoutMs;
+        tools.cancelled = superseded;
+        return TaskController(tools).convertHead(language, text, whole);
+    };
+}
+
+void PreviewConversionQueue::setConverter(Converter converter, HeadConverter head)
+{
+    const bool external = !converter;
+    m_converter = external ? externalConverter() : std::move(converter);
+    m_headConverter = external && !head ? externalHeadConverter() : std::move(head);
 }
 
 quint64 PreviewConversionQueue::request(int language, const QString &text)
@@ -73,16 +87,31 @@ void PreviewConversionQueue::startNext()
     const Pending job = std::exchange(m_pending, {});
     m_running = job.number;
     const Converter converter = m_converter;
+    const HeadConverter headConverter =
+        job.text.size() >= kHeadFirstChars ? m_headConverter : HeadConverter();
     const std::shared_ptr<std::atomic<quint64>> newest = m_newest;
     // The destructor waits for this thread, so the queue outlives every job; a reply still
     // posted when it goes is dropped with it.
-    QMetaObject::invokeMethod(m_threadContext, [this, converter, newest, job] {
+    QMetaObject::invokeMethod(m_threadContext, [this, converter, headConverter, newest, job] {
         const std::function<bool()> superseded = [newest, number = job.number] {
             return newest->load() != number;
         };
+        bool whole = false;
+        QString head;
+        if (headConverter && !superseded())
+            head = headConverter(job.language, job.text, &whole, superseded);
+        if (!head.isNull() && !whole && !superseded())
+            QMetaObject::invokeMethod(
+                this,
+                [this, number = job.number, head] {
+                    if (number == m_newest->load())
+                        Q_EMIT headConverted(number, head);
+                },
+                Qt::QueuedConnection);
         // Nobody waits for a text that was replaced before its turn came.
-        const QString html =
-            superseded() ? QString() : converter(job.language, job.text, superseded);
+        const QString html = superseded()        ? QString()
+                             : !head.isNull() && whole ? head
+                                                       : converter(job.language, job.text, superseded);
         QMetaObject::invokeMethod(
             this, [this, number = job.number, html] { finished(number, html); },
             Qt::QueuedConnection);

@@ -169,7 +169,23 @@ QString TaskController::convert(int language, const QString &text)
     return run(m_phpLaunchPath, arguments, text, language);
 }
 
-bool TaskController::convertWithWorker(const QString &text, QString *html) const
+QString TaskController::convertHead(int language, const QString &text, bool *whole)
+{
+    *whole = false;
+    setMarkUpLanguageScriptPathForSelection(language);
+    const QString keyWord = QFileInfo(m_phpScriptPath).completeBaseName();
+    if (keyWord != QLatin1String("markdown") && keyWord != QLatin1String("smark"))
+        return QString();
+    QString reply;
+    if (!convertWithWorker(text, &reply, QStringLiteral("head")) || reply.isEmpty() ||
+        (reply.at(0) != u'W' && reply.at(0) != u'P'))
+        return QString();
+    *whole = reply.at(0) == u'W';
+    return reply.mid(1);
+}
+
+bool TaskController::convertWithWorker(const QString &text, QString *html,
+                                       const QString &keyWordSuffix) const
 {
     if (m_phpLaunchPath != m_tools.php ||
         QFileInfo(m_phpScriptPath).suffix() != QLatin1String("php") ||
@@ -180,7 +196,7 @@ bool TaskController::convertWithWorker(const QString &text, QString *html) const
     if (script.isEmpty() || !worker)
         return false;
     // The worker knows each language by the name of its single-text filter.
-    const QString keyWord = QFileInfo(m_phpScriptPath).completeBaseName();
+    const QString keyWord = QFileInfo(m_phpScriptPath).completeBaseName() + keyWordSuffix;
     PhpConverterWorker::Reply reply;
     if (!worker->convert(m_tools.php, script, keyWord, text.toUtf8(), m_tools.timeoutMs, &reply,
                          m_tools.cancelled))

@@ -39,6 +39,10 @@ public:
     static QString convertStringWithMarkUpLanguage(int language, const QString &text);
     // Converts with this controller, keeping its launch path for the next call.
     QString convert(int language, const QString &text);
+    // The HTML of a long text's first screens, which its whole HTML starts with; *whole
+    // turns true when that is the whole HTML (a short text, or one that cannot be cut). A
+    // null string for languages that cannot convert a part, and on failure.
+    QString convertHead(int language, const QString &text, bool *whole);
 
     // Chooses the script and the program to start for a language number. Unknown numbers use
     // the Smark script. A missing script leaves the script path empty and the launch path as
@@ -57,7 +61,8 @@ private:
     void installMultiMarkdownScript();
     // Converts through the application's long-lived PHP worker when the language is done in
     // PHP; false when the text must be converted by launching its filter instead.
-    bool convertWithWorker(const QString &text, QString *html) const;
+    bool convertWithWorker(const QString &text, QString *html,
+                           const QString &keyWordSuffix = QString()) const;
     bool isCancelled() const { return m_tools.cancelled && m_tools.cancelled(); }
     static QString decodeOutput(const QByteArray &output, const QString &program);
     QString run(const QString &program, const QStringList &arguments, const QString &text,

@@ -72,18 +72,29 @@ function vellox_chunk_split(string $source): array
     return $runs;
 }
 
+const VELLOX_CHUNK_HEAD_BYTES = 16384;
+
 // Converts with $convert, run by run, reusing what earlier conversions made of equal runs.
-function vellox_chunk_convert(string $flavour, string $source, callable $convert): string
+// With $headBytes, only the leading runs that hold that many bytes of the text.
+function vellox_chunk_convert(string $flavour, string $source, callable $convert,
+                              int $headBytes = PHP_INT_MAX, bool &$whole = true): string
 {
     static $cache = [];
     static $cacheBytes = 0;
     $runs = vellox_chunk_split($source);
+    $whole = true;
     if (count($runs) === 1) {
         return $convert($source);
     }
     $html = '';
     $used = [];
+    $taken = 0;
     foreach ($runs as $run) {
+        if ($taken >= $headBytes) {
+            $whole = false;
+            break;
+        }
+        $taken += strlen($run);
         $key = $flavour . ':' . md5($run);
         if (isset($cache[$key])) {
             $piece = $cache[$key];
@@ -106,4 +117,13 @@ function vellox_chunk_convert(string $flavour, string $source, callable $convert
         unset($cache[$oldest]);
     }
     return $html;
+}
+
+// The HTML of the text's first runs, which the whole text's HTML starts with, behind "P"; or
+// the whole text's HTML behind "W" when the text is short or cannot be cut.
+function vellox_chunk_convert_head(string $flavour, string $source, callable $convert): string
+{
+    $whole = true;
+    $html = vellox_chunk_convert($flavour, $source, $convert, VELLOX_CHUNK_HEAD_BYTES, $whole);
+    return ($whole ? 'W' : 'P') . $html;
 }

@@ -20,6 +20,8 @@ PreviewController::PreviewController(UserDefaults &defaults, QObject *parent)
 {
     connect(m_queue, &PreviewConversionQueue::converted, this,
             [this](quint64, const QString &fragment) { converted(fragment); });
+    connect(m_queue, &PreviewConversionQueue::headConverted, this,
+            [this](quint64, const QString &fragment) { headConverted(fragment); });
     connect(m_host, &PreviewHost::pageShown, this, &PreviewController::pageShown);
     // Deferred, so that a rebuild asked for by whatever showed the preview (the view switch
     // converts the editor's current text) replaces the remembered text instead of following
@@ -108,6 +110,7 @@ void PreviewController::newestChanged()
     // Whatever is converting now is for an older text.
     m_queue->cancel();
     m_converting = false;
+    m_headFragment.clear();
     m_dirty = true;
     if (isPreviewVisible())
         bringUpToDate();
@@ -132,13 +135,32 @@ void PreviewController::bringUpToDate()
     m_queue->request(MarkupLanguage::current(m_defaults), m_text);
 }
 
+void PreviewController::headConverted(const QString &fragment)
+{
+    // A long text's top shows while the rest converts; the rest is added to this page.
+    m_headFragment = fragment;
+    if (m_host)
+        m_host->showHtml(PreviewPage::buildPage(fragment, m_convertingPath, m_defaults,
+                                                AppPaths::cssStyleFolder()),
+                         PreviewPage::baseUrlForEntry(m_convertingPath, m_defaults));
+}
+
 void PreviewController::converted(const QString &fragment)
 {
     m_converting = false;
+    const QString head = std::exchange(m_headFragment, QString());
     // Style and entry format are read now, so a change made during the conversion shows.
-    showPage(
-        PreviewPage::buildPage(fragment, m_convertingPath, m_defaults, AppPaths::cssStyleFolder()),
-        PreviewPage::baseUrlForEntry(m_convertingPath, m_defaults));
+    const QString page =
+        PreviewPage::buildPage(fragment, m_convertingPath, m_defaults, AppPaths::cssStyleFolder());
+    const QUrl baseUrl = PreviewPage::baseUrlForEntry(m_convertingPath, m_defaults);
+    if (head.isEmpty() || !fragment.startsWith(head) || !m_host) {
+        showPage(page, baseUrl);
+        return;
+    }
+    m_lastHtml = page;
+    m_lastBaseUrl = baseUrl;
+    m_host->continuePage(QStringView(fragment).mid(head.size()).toString(), page, baseUrl);
+    Q_EMIT pageBuilt(m_lastHtml, m_lastBaseUrl);
 }
 
 void PreviewController::showPage(const QString &html, const QUrl &baseUrl)

@@ -75,6 +75,7 @@ private:
     void newestChanged();
     void bringUpToDate();
     void converted(const QString &fragment);
+    void headConverted(const QString &fragment);
     void showPage(const QString &html, const QUrl &baseUrl);
 
     UserDefaults &m_defaults;
@@ -92,6 +93,8 @@ private:
     bool m_dirty = false;
     bool m_converting = false;
     QString m_convertingPath;
+    // The first screens of the text being converted, already on show.
+    QString m_headFragment;
     QString m_lastHtml;
     QUrl m_lastBaseUrl;
 };

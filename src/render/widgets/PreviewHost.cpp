@@ -35,6 +35,14 @@ void PreviewHost::showHtml(const QString &html, const QUrl &baseUrl)
     m_hasWaitingPage = true;
 }
 
+void PreviewHost::continuePage(const QString &bodyMarkup, const QString &wholePage,
+                               const QUrl &baseUrl)
+{
+    if (m_view && m_view->appendToBody(bodyMarkup))
+        return;
+    showHtml(wholePage, baseUrl);
+}
+
 void PreviewHost::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);

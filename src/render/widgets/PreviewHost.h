@@ -22,6 +22,9 @@ public:
 
     // Shows the page now if the view exists, or as soon as it is made.
     void showHtml(const QString &html, const QUrl &baseUrl);
+    // Adds bodyMarkup to the end of the page on show, which then is wholePage; loads
+    // wholePage instead where the markup cannot be added as it is.
+    void continuePage(const QString &bodyMarkup, const QString &wholePage, const QUrl &baseUrl);
 
 Q_SIGNALS:
     // The preview became visible (every time, not only the first).

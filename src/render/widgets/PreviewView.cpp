@@ -61,7 +61,8 @@ void PreviewView::showHtml(const QString &html, const QUrl &baseUrl)
 {
     ++m_pageGeneration;
     m_appending = false;
-    ProgressivePage steps = ProgressivePage::split(html);
+    m_loaded = false;
+    ProgressivePage steps = ProgressivePage::split(html, 16 * 1024, kPieceChars);
     m_pendingPieces = std::move(steps.rest);
     loadWhole(steps.first, baseUrl);
 }
@@ -84,8 +85,28 @@ void PreviewView::loadWhole(const QString &html, const QUrl &baseUrl)
         m_staleFiles << previous;
 }
 
+bool PreviewView::appendToBody(const QString &markup)
+{
+    const QList<qsizetype> ends = ProgressivePage::topLevelEnds(markup);
+    if (ends.isEmpty() && !markup.trimmed().isEmpty())
+        return false;
+    qsizetype last = 0;
+    for (const qsizetype end : ends) {
+        if (end - last >= kPieceChars || end == markup.size()) {
+            m_pendingPieces.append(markup.mid(last, end - last));
+            last = end;
+        }
+    }
+    if (last < markup.size())
+        m_pendingPieces.append(markup.mid(last));
+    if (m_loaded && !m_appending)
+        appendNextPiece();
+    return true;
+}
+
 void PreviewView::pageLoaded(bool ok)
 {
+    m_loaded = true;
     for (const QString &stale : std::as_const(m_staleFiles))
         QFile::remove(stale);
     m_staleFiles.clear();

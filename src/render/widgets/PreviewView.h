@@ -23,6 +23,9 @@ public:
     // Shows a whole page. baseUrl is where relative links and images resolve and must end
     // with "/"; the page's own <base> element says the same for pages loaded from a file.
     void showHtml(const QString &html, const QUrl &baseUrl);
+    // Adds well-nested body markup to the end of the page on show, once it has loaded;
+    // false (and nothing added) for markup that is not well nested.
+    bool appendToBody(const QString &markup);
 
     // Above this many UTF-8 bytes a page is written to a file first: an in-memory load is
     // encoded into a URL, and Chromium refuses URLs over 2 MB.
@@ -57,5 +60,8 @@ private:
     // What is still to be appended to the page loading now, and which page that is.
     QStringList m_pendingPieces;
     bool m_appending = false;
+    bool m_loaded = false;
+    // Body markup is appended in pieces about this long, each laid out before the next.
+    static constexpr qsizetype kPieceChars = 512 * 1024;
     quint64 m_pageGeneration = 0;
 };
