@@ -69,8 +69,6 @@ public:
 
     QStringList sessions;
     QList<QList<FakeShortcut>> bindings;
-    uint bindResponse = 0;
-    QString triggerDescription = QStringLiteral("Desk+J");
 
     void emitShortcut(const QString &name, const QString &session, const QString &id,
                       qulonglong timestamp)
@@ -95,14 +93,12 @@ public Q_SLOTS:
                                   const QVariantMap &options)
     {
         bindings << shortcuts;
-        if (!sessions.contains(session.path()))
-            return respond(options, 2, {});
-        QList<FakeShortcut> bound;
-        for (FakeShortcut shortcut : shortcuts) {
-            shortcut.properties.insert(QStringLiteral("trigger_description"), triggerDescription);
-            bound << shortcut;
-        }
-        return respond(options, bindResponse,
+        QList<FakeShortcut> bound = shortcuts;
+        for (FakeShortcut &shortcut : bound)
+            shortcut.properties.insert(QStringLiteral("trigger_description"),
+                                       QStringLiteral("Desk+J"));
+        // A session the portal never opened binds nothing.
+        return respond(options, sessions.contains(session.path()) ? 0 : 2,
                        {{QStringLiteral("shortcuts"), QVariant::fromValue(bound)}});
     }
 
@@ -143,7 +139,7 @@ private Q_SLOTS:
     void init();
     void cleanup();
     void bindsTheKeyAndTheReleaseTogglesThePanel();
-    void declinedOrAbsentPortalIsReported();
+    void withoutPortalPreferencesSaySo();
 
 private:
     void store(int qtKey, Qt::KeyboardModifiers modifiers);
@@ -281,33 +277,16 @@ void TestPortalKey::bindsTheKeyAndTheReleaseTogglesThePanel()
     controller.panel()->closePanel();
 }
 
-void TestPortalKey::declinedOrAbsentPortalIsReported()
+void TestPortalKey::withoutPortalPreferencesSaySo()
 {
-    m_portal->bindResponse = 1;
-    store(Qt::Key_K, Qt::MetaModifier);
-    QSignalSpy reported(&GlobalKeyStatus::instance(), &GlobalKeyStatus::portalReported);
-    {
-        MenubarController controller(*m_defaults);
-        GlobalShortcutPane pane(*m_defaults);
-        QTRY_VERIFY_WITH_TIMEOUT(GlobalKeyStatus::instance().hasPortalReport() &&
-                                     GlobalKeyStatus::instance().lastPortalResult() ==
-                                         PortalGlobalShortcuts::Result::Cancelled,
-                                 10000);
-        QCOMPARE(m_portal->bindings.last().value(0).properties.value(
-                     QStringLiteral("preferred_trigger")),
-                 QVariant(QStringLiteral("LOGO+k")));
-        const QString keys = QKeySequence(Qt::META | Qt::Key_K).toString(QKeySequence::NativeText);
-        QVERIFY2(pane.statusLabel()->text().contains(keys), qPrintable(pane.statusLabel()->text()));
-    }
-
-    // No portal on the bus: Preferences say what the key needs.
     cleanup();
+    store(Qt::Key_K, Qt::MetaModifier);
     MenubarController controller(*m_defaults);
     QSignalSpy probed(controller.portal(), &PortalGlobalShortcuts::probed);
     QTRY_COMPARE_WITH_TIMEOUT(probed.size(), 1, 10000);
     QCOMPARE(probed.first().at(0).toBool(), false);
-    QVERIFY(!GlobalKeyStatus::sessionProblem().isEmpty());
     GlobalShortcutPane pane(*m_defaults);
+    QVERIFY(!pane.statusLabel()->text().isEmpty());
     QCOMPARE(pane.statusLabel()->text(), GlobalKeyStatus::sessionProblem());
 }
 
