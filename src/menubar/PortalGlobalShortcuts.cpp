@@ -2,14 +2,13 @@
 
 #include "GlobalShortcut.h"
 
+#include <QCoreApplication>
 #include <QDBusArgument>
 #include <QDBusMessage>
 #include <QDBusMetaType>
 #include <QDBusObjectPath>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QDBusVariant>
-#include <QGuiApplication>
 #include <QRegularExpression>
 
 // One entry of the portal's shortcut lists, a(sa{sv}): an id and its properties.
@@ -88,8 +87,7 @@ QString keysymName(const QString &qtName)
 QString sessionHandleFrom(const QVariant &value)
 {
     // The interface documents a string; some portals send an object path.
-    if (value.canConvert<QDBusObjectPath>() &&
-        value.metaType() == QMetaType::fromType<QDBusObjectPath>())
+    if (value.metaType() == QMetaType::fromType<QDBusObjectPath>())
         return value.value<QDBusObjectPath>().path();
     return value.toString();
 }
@@ -106,11 +104,6 @@ PortalGlobalShortcuts::PortalGlobalShortcuts(const QDBusConnection &bus, QObject
     if (m_bus.isConnected())
         m_bus.connect(Service, DesktopPath, Interface, QStringLiteral("Deactivated"), this,
                       SLOT(onDeactivated(QDBusMessage)));
-}
-
-bool PortalGlobalShortcuts::isWaylandSession()
-{
-    return QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
 }
 
 QString PortalGlobalShortcuts::preferredTrigger(const GlobalShortcut &shortcut)

@@ -32,8 +32,6 @@ public:
 
     explicit PortalGlobalShortcuts(const QDBusConnection &bus, QObject *parent = nullptr);
 
-    // True when the application runs as a Wayland client.
-    static bool isWaylandSession();
     // The combination in the XDG shortcut form the portal reads ("CTRL+ALT+j", "SHIFT+F8");
     // "" for a key that form has no name for.
     static QString preferredTrigger(const GlobalShortcut &shortcut);
