@@ -39,14 +39,6 @@
         <source>A key alone would be taken from every program: hold Ctrl, Alt or Super with it.</source>
         <translation>A key alone would be taken from every program: hold Ctrl, Alt or Super with it.</translation>
     </message>
-    <message id="GLOBAL_KEY_NEEDS_X11">
-        <source>The global key needs an X11 session: log in to an X11 (Xorg) session to use it. The tray icon and View → Capture Panel open the panel meanwhile.</source>
-        <translation>The global key needs an X11 session: log in to an X11 (Xorg) session to use it. The tray icon and View → Capture Panel open the panel meanwhile.</translation>
-    </message>
-    <message id="GLOBAL_KEY_NEEDS_X11_PORTAL">
-        <source>The global key needs an X11 session: Vellox does not use this desktop's global-shortcuts portal yet. The tray icon and View → Capture Panel open the panel meanwhile.</source>
-        <translation>The global key needs an X11 session: Vellox does not use this desktop's global-shortcuts portal yet. The tray icon and View → Capture Panel open the panel meanwhile.</translation>
-    </message>
     <message id="GLOBAL_KEY_NO_KEYCODE">
         <source>This keyboard has no key for %1.</source>
         <translation>This keyboard has no key for %1.</translation>
