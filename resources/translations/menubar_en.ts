@@ -39,14 +39,6 @@
         <source>A key alone would be taken from every program: hold Ctrl, Alt or Super with it.</source>
         <translation>A key alone would be taken from every program: hold Ctrl, Alt or Super with it.</translation>
     </message>
-    <message id="GLOBAL_KEY_NEEDS_X11">
-        <source>The global key needs an X11 session: log in to an X11 (Xorg) session to use it. The tray icon and View → Capture Panel open the panel meanwhile.</source>
-        <translation>The global key needs an X11 session: log in to an X11 (Xorg) session to use it. The tray icon and View → Capture Panel open the panel meanwhile.</translation>
-    </message>
-    <message id="GLOBAL_KEY_NEEDS_X11_PORTAL">
-        <source>The global key needs an X11 session: Vellox does not use this desktop's global-shortcuts portal yet. The tray icon and View → Capture Panel open the panel meanwhile.</source>
-        <translation>The global key needs an X11 session: Vellox does not use this desktop's global-shortcuts portal yet. The tray icon and View → Capture Panel open the panel meanwhile.</translation>
-    </message>
     <message id="GLOBAL_KEY_NO_KEYCODE">
         <source>This keyboard has no key for %1.</source>
         <translation>This keyboard has no key for %1.</translation>
@@ -150,6 +142,46 @@
     <message id="STATUSBAR_SEARCH_PANE">
         <source>Search</source>
         <translation>Search</translation>
+    </message>
+    <message id="GLOBAL_KEY_NEEDS_X11_OR_PORTAL">
+        <source>The global key needs an X11 session or a desktop that offers the global-shortcuts portal (KDE Plasma 6, GNOME 48 and later). The tray icon and View → Capture Panel open the panel meanwhile.</source>
+        <translation>The global key needs an X11 session or a desktop that offers the global-shortcuts portal (KDE Plasma 6, GNOME 48 and later). The tray icon and View → Capture Panel open the panel meanwhile.</translation>
+    </message>
+    <message id="GLOBAL_KEY_PORTAL_BOUND">
+        <source>The desktop bound %1 to open and close the capture panel from any program.</source>
+        <translation>The desktop bound %1 to open and close the capture panel from any program.</translation>
+    </message>
+    <message id="GLOBAL_KEY_PORTAL_BOUND_NO_KEYS">
+        <source>The desktop keeps the capture panel's shortcut but names no keys for it: set them in the desktop's keyboard settings.</source>
+        <translation>The desktop keeps the capture panel's shortcut but names no keys for it: set them in the desktop's keyboard settings.</translation>
+    </message>
+    <message id="GLOBAL_KEY_PORTAL_CANCELLED">
+        <source>The desktop's shortcut dialog was cancelled.</source>
+        <translation>The desktop's shortcut dialog was cancelled.</translation>
+    </message>
+    <message id="GLOBAL_KEY_PORTAL_DESCRIPTION">
+        <source>Open and close Vellox's capture panel</source>
+        <translation>Open and close Vellox's capture panel</translation>
+    </message>
+    <message id="GLOBAL_KEY_PORTAL_ENDED">
+        <source>The desktop's shortcut service ended the request.</source>
+        <translation>The desktop's shortcut service ended the request.</translation>
+    </message>
+    <message id="GLOBAL_KEY_PORTAL_NOT_ACTIVE">
+        <source>%1 does not open the capture panel: %2 Choose the combination again to ask the desktop once more.</source>
+        <translation>%1 does not open the capture panel: %2 Choose the combination again to ask the desktop once more.</translation>
+    </message>
+    <message id="GLOBAL_KEY_PORTAL_NOT_BOUND">
+        <source>The desktop did not bind a key to the capture panel.</source>
+        <translation>The desktop did not bind a key to the capture panel.</translation>
+    </message>
+    <message id="GLOBAL_KEY_PORTAL_NO_BUS">
+        <source>There is no session bus to reach the desktop's shortcut service.</source>
+        <translation>There is no session bus to reach the desktop's shortcut service.</translation>
+    </message>
+    <message id="GLOBAL_KEY_PORTAL_NO_SESSION">
+        <source>The desktop's shortcut service opened no session.</source>
+        <translation>The desktop's shortcut service opened no session.</translation>
     </message>
 </context>
 </TS>

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "PortalGlobalShortcuts.h"
 #include "X11HotKey.h"
 
 #include <QKeySequence>
@@ -23,10 +24,30 @@ public:
     // Where no key can be grabbed at all (Wayland without X11, no display): why, or "".
     static QString sessionProblem();
 
+    // Without X11 the desktop portal binds the key: whether one answered, and the outcome
+    // of the last binding.
+    void reportPortalOffered(bool offered);
+    void reportPortal(PortalGlobalShortcuts::Result result, const QKeySequence &combination,
+                      const QString &detail);
+    bool portalOffered() const { return m_portalOffered; }
+    bool hasPortalReport() const { return m_hasPortalReport; }
+    PortalGlobalShortcuts::Result lastPortalResult() const { return m_portalResult; }
+    static QString describePortal(PortalGlobalShortcuts::Result result,
+                                  const QKeySequence &combination, const QString &detail);
+    // The last portal outcome in words, "" without one.
+    QString lastPortalText() const;
+
 Q_SIGNALS:
     void reported(X11HotKey::Result result, const QKeySequence &combination);
+    void portalReported(PortalGlobalShortcuts::Result result, const QKeySequence &combination,
+                        const QString &detail);
 
 private:
+    bool m_portalOffered = false;
+    bool m_hasPortalReport = false;
+    PortalGlobalShortcuts::Result m_portalResult = PortalGlobalShortcuts::Result::Failed;
+    QKeySequence m_portalCombination;
+    QString m_portalDetail;
     bool m_hasReport = false;
     X11HotKey::Result m_result = X11HotKey::Result::NoX11;
     QKeySequence m_combination;

@@ -62,6 +62,16 @@ void wireMenubar(AppController &app)
     const GlobalKeyStatus &status = GlobalKeyStatus::instance();
     if (status.hasReport())
         report(status.lastResult(), status.lastCombination());
+    // On Wayland the desktop's portal answers later, and may have refused the key.
+    QObject::connect(&status, &GlobalKeyStatus::portalReported, window->messageBar(),
+                     [bar = window->messageBar(), &status] {
+                         if (status.hasPortalReport() &&
+                             status.lastPortalResult() != PortalGlobalShortcuts::Result::Bound)
+                             bar->showMessage(GlobalKeyTopic, MessageBar::Warning,
+                                              status.lastPortalText());
+                         else if (status.hasPortalReport())
+                             bar->removeMessage(GlobalKeyTopic);
+                     });
     controller->showItem();
 }
 

@@ -44,6 +44,8 @@ GlobalShortcutPane::GlobalShortcutPane(UserDefaults &defaults, QWidget *parent)
             [this](const QString &reason) { showStatus(reason, true); });
     connect(&GlobalKeyStatus::instance(), &GlobalKeyStatus::reported, this,
             &GlobalShortcutPane::showLastReport);
+    connect(&GlobalKeyStatus::instance(), &GlobalKeyStatus::portalReported, this,
+            &GlobalShortcutPane::showLastReport);
     showLastReport();
 }
 
@@ -66,6 +68,13 @@ void GlobalShortcutPane::showLastReport()
         return;
     }
     const GlobalKeyStatus &status = GlobalKeyStatus::instance();
+    if (!X11HotKey::isAvailable()) {
+        // The desktop portal's answer, with the keys it bound.
+        const bool shown = status.hasPortalReport() && m_recorder->shortcut().isSet();
+        showStatus(shown ? status.lastPortalText() : QString(),
+                   status.lastPortalResult() != PortalGlobalShortcuts::Result::Bound);
+        return;
+    }
     if (!status.hasReport() || !m_recorder->shortcut().isSet()) {
         showStatus(QString(), false);
         return;

@@ -7,8 +7,10 @@
 #include "core/UserDefaults.h"
 #include "menubar/GlobalKeyStatus.h"
 #include "menubar/GlobalShortcut.h"
+#include "menubar/PortalGlobalShortcuts.h"
 #include "menubar/X11HotKey.h"
 
+#include <QDBusConnection>
 #include <QSystemTrayIcon>
 
 MenubarController::MenubarController(UserDefaults &defaults, QObject *parent)
@@ -31,6 +33,19 @@ MenubarController::MenubarController(UserDefaults &defaults, QObject *parent)
     // A capture ended with OK or Cancel: the panel has done its job.
     center.addObserver(this, Notifications::StatusBarAddNoteEndClear,
                        [this](const Notification &) { m_panel->closePanel(); });
+    if (!X11HotKey::isAvailable()) {
+        // Wayland: the desktop binds the key, if it offers the portal; its answer comes later.
+        m_portal = new PortalGlobalShortcuts(QDBusConnection::sessionBus(), this);
+        connect(m_portal, &PortalGlobalShortcuts::released, this, &MenubarController::mouseDown);
+        connect(m_portal, &PortalGlobalShortcuts::bindFinished, &GlobalKeyStatus::instance(),
+                &GlobalKeyStatus::reportPortal);
+        connect(m_portal, &PortalGlobalShortcuts::probed, this, [this](bool offered) {
+            GlobalKeyStatus::instance().reportPortalOffered(offered);
+            setupGloablShortcut();
+        });
+        m_portal->probe();
+        return;
+    }
     setupGloablShortcut();
 }
 
@@ -54,6 +69,11 @@ void MenubarController::setupGloablShortcut()
     const GlobalShortcut shortcut = GlobalShortcut::load(m_defaults);
     if (!shortcut.isSet())
         return;
+    if (m_portal) {
+        if (m_portal->isOffered())
+            m_portal->bind(shortcut);
+        return;
+    }
     const X11HotKey::Result result =
         m_hotKey->registerKey(m_defaults.value(Settings::PrefSCKeycode),
                               quint16(m_defaults.value(Settings::PrefSCCarbonFlags)));

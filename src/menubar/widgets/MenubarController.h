@@ -3,6 +3,7 @@
 #include <QObject>
 
 class CapturePanel;
+class PortalGlobalShortcuts;
 class StatusBarItem;
 class UserDefaults;
 class X11HotKey;
@@ -20,6 +21,8 @@ public:
     CapturePanel *panel() const { return m_panel; }
     StatusBarItem *item() const { return m_item; }
     X11HotKey *hotKey() const { return m_hotKey; }
+    // The desktop portal that binds the key where X11 cannot grab it; null on X11.
+    PortalGlobalShortcuts *portal() const { return m_portal; }
 
     // Opens or closes the panel under the icon.
     void mouseDown();
@@ -38,4 +41,5 @@ private:
     StatusBarItem *m_item;
     CapturePanel *m_panel;
     X11HotKey *m_hotKey;
+    PortalGlobalShortcuts *m_portal = nullptr;
 };
