@@ -109,9 +109,10 @@ void PreviewConversionQueue::startNext()
                 },
                 Qt::QueuedConnection);
         // Nobody waits for a text that was replaced before its turn came.
-        const QString html = superseded()        ? QString()
-                             : !head.isNull() && whole ? head
-                                                       : converter(job.language, job.text, superseded);
+        const QString html = superseded() ? QString()
+                             : !head.isNull() && whole
+                                 ? head
+                                 : converter(job.language, job.text, superseded);
         QMetaObject::invokeMethod(
             this, [this, number = job.number, html] { finished(number, html); },
             Qt::QueuedConnection);

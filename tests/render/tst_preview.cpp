@@ -2,6 +2,8 @@
 #include "core/NotificationCenter.h"
 #include "core/Notifications.h"
 #include "core/UserDefaults.h"
+#include "render/MarkupLanguage.h"
+#include "render/PreviewConversionQueue.h"
 #include "render/StyleFolderSeeder.h"
 #include "render/widgets/CSSStykeController.h"
 #include "render/widgets/PreviewController.h"
@@ -380,6 +382,53 @@ private Q_SLOTS:
         QTest::qWait(500);
         QCOMPARE(evaluate(controller, QStringLiteral("document.body.textContent")),
                  QVariant(QStringLiteral("short")));
+    }
+
+    // A long Markdown entry's first screens are converted and shown on their own; the whole
+    // conversion starts with them and completes the same page. A text whose blocks refer to
+    // each other (a link defined at the end) is converted whole.
+    void longMarkdownShowsItsTopBeforeTheRestIsConverted()
+    {
+        QString text;
+        const int days = 2000;
+        for (int i = 0; i < days; ++i)
+            text += QStringLiteral("## Day %1\n\nWe walked *%1* times round the **harbour**.\n\n"
+                                   "- one\n- two\n\n")
+                        .arg(i);
+        PreviewConversionQueue queue;
+        QSignalSpy head(&queue, &PreviewConversionQueue::headConverted);
+        QSignalSpy whole(&queue, &PreviewConversionQueue::converted);
+        queue.request(MarkupLanguage::Markdown, text);
+        QVERIFY(whole.wait(60000));
+        QCOMPARE(head.count(), 1);
+        const QString top = head.at(0).at(1).toString();
+        const QString all = whole.at(0).at(1).toString();
+        QVERIFY(top.contains(QStringLiteral("<h2>Day 0</h2>")));
+        QVERIFY(top.size() < all.size() / 4);
+        QVERIFY(all.startsWith(top));
+        QCOMPARE(all.count(QStringLiteral("<h2>")), days);
+
+        head.clear();
+        whole.clear();
+        queue.request(MarkupLanguage::Markdown,
+                      QStringLiteral("[harbour][h]\n\n") + text + QStringLiteral("[h]: /x\n"));
+        QVERIFY(whole.wait(60000));
+        QCOMPARE(head.count(), 0);
+        QVERIFY(whole.at(0).at(1).toString().contains(QStringLiteral("<a href=\"/x\">")));
+
+        PreviewController controller(*m_defaults);
+        showAlone(controller);
+        controller.renderText(text, makeEntry(QStringLiteral("Long days")));
+        QTRY_VERIFY_WITH_TIMEOUT(!controller.isPending() && controller.view()->webView() &&
+                                     !controller.view()->webView()->isAppending(),
+                                 60000);
+        QCOMPARE(evaluate(controller, QStringLiteral("document.querySelectorAll('h2').length")),
+                 QVariant(days));
+        QCOMPARE(
+            evaluate(
+                controller,
+                QStringLiteral("document.querySelectorAll('h2')[%1].textContent").arg(days - 1)),
+            QVariant(QStringLiteral("Day %1").arg(days - 1)));
     }
 
     // Choosing the night style in the panel turns what is on screen dark, with the editor's
