@@ -1,5 +1,7 @@
 #include "PhpConverterWorker.h"
 
+#include <sys/resource.h>
+
 #include "PhpCompileCache.h"
 
 #include <QCoreApplication>
@@ -98,6 +100,9 @@ bool PhpConverterWorker::ensureStarted(const QString &php, const QString &script
     // The converters' complaints belong in the same log as ours.
     m_process->setProcessChannelMode(QProcess::ForwardedErrorChannel);
     m_process->setProcessEnvironment(PhpCompileCache::environment());
+    // Converting runs beside the window and the preview's page; on a machine with few cores
+    // it should give way to them, so what is on screen keeps coming first.
+    m_process->setChildProcessModifier([] { (void)::setpriority(PRIO_PROCESS, 0, 5); });
     // A process that lives this long pays for the compiler's shared memory and its JIT, which
     // roughly halves the time the Markdown parser needs for a long entry.
     m_process->start(php, {QStringLiteral("-d"), QStringLiteral("opcache.enable_cli=1"),
