@@ -1,6 +1,7 @@
 #include "ExportStaging.h"
 
 #include "ChildProcess.h"
+#include "WorkingFiles.h"
 #include "render/MarkupLanguage.h"
 
 #include <QDir>
@@ -20,38 +21,6 @@ QString extensionOf(const QString &fileName)
 {
     const qsizetype dot = fileName.lastIndexOf(QLatin1Char('.'));
     return dot > 0 ? fileName.mid(dot + 1) : QString();
-}
-
-QString readUtf8(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return QString();
-    return QString::fromUtf8(file.readAll());
-}
-
-bool writeUtf8(const QString &path, const QString &text)
-{
-    // Working files only: the destination gets finished files moved in whole.
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    return file.write(text.toUtf8()) >= 0;
-}
-
-bool copyRecursively(const QString &from, const QString &to)
-{
-    const QFileInfo info(from);
-    if (info.isDir()) {
-        QDir().mkpath(to);
-        bool ok = true;
-        const QDir dir(from);
-        const auto entries = dir.entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
-        for (const QString &name : entries)
-            ok = copyRecursively(dir.filePath(name), to + QLatin1Char('/') + name) && ok;
-        return ok;
-    }
-    return QFile::copy(from, to);
 }
 
 } // namespace
@@ -94,7 +63,7 @@ void ExportStaging::copyStyleSheet(const QString &defaultStyleSheet)
     QFile::remove(target);
     const QString source =
         QFileInfo(m_options.cssFile).isFile() ? m_options.cssFile : defaultStyleSheet;
-    QFile::copy(source, target);
+    WorkingFiles::copy(source, target);
 }
 
 void ExportStaging::stageEntries(const CancelFlag &cancel)
@@ -120,12 +89,13 @@ void ExportStaging::stageEntries(const CancelFlag &cancel)
             attachments = notebook + base;
         }
         const QString staged = m_folders.temp + QLatin1Char('/') + base + QStringLiteral(".txt");
-        if (source.isEmpty() || !QFileInfo(source).isFile() || !QFile::copy(source, staged)) {
+        if (source.isEmpty() || !QFileInfo(source).isFile() ||
+            !WorkingFiles::copy(source, staged)) {
             m_skipped << name;
             continue;
         }
         if (QFileInfo(attachments).isDir() && !(epub && m_options.markup == 0))
-            copyRecursively(attachments, m_folders.temp + QLatin1Char('/') + base);
+            WorkingFiles::copyRecursively(attachments, m_folders.temp + QLatin1Char('/') + base);
     }
 }
 
@@ -144,12 +114,12 @@ void ExportStaging::addTitleLines()
 {
     for (const QString &name : stagedFiles(QStringLiteral("txt"))) {
         const QString path = m_folders.temp + QLatin1Char('/') + name;
-        const QString text = readUtf8(path);
+        const QString text = WorkingFiles::readUtf8(path);
         if (m_options.titles) {
             const QString title = MarkupLanguage::boldTitle(m_options.markup, baseName(name));
-            writeUtf8(path, title + QStringLiteral("\n\n") + text);
+            WorkingFiles::writeUtf8(path, title + QStringLiteral("\n\n") + text);
         } else {
-            writeUtf8(path, text);
+            WorkingFiles::writeUtf8(path, text);
         }
     }
 }
@@ -168,7 +138,7 @@ void ExportStaging::join()
         const QString base = baseName(name);
         const QString staged = m_folders.temp + QLatin1Char('/') + base + QStringLiteral(".txt");
         if (!epub && QFileInfo(staged).isFile()) {
-            joined += readUtf8(staged) + QStringLiteral("\n\n");
+            joined += WorkingFiles::readUtf8(staged) + QStringLiteral("\n\n");
             QFile::remove(staged);
         }
         const QString folder = m_folders.temp + QLatin1Char('/') + base;
@@ -179,12 +149,12 @@ void ExportStaging::join()
         for (const QString &item : dir.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
             const QString target = shared + QLatin1Char('/') + item;
             if (!QFileInfo::exists(target))
-                copyRecursively(dir.filePath(item), target);
+                WorkingFiles::copyRecursively(dir.filePath(item), target);
         }
         QDir(folder).removeRecursively();
     }
     if (!epub)
-        writeUtf8(m_folders.temp + QStringLiteral("/complete.txt"), joined);
+        WorkingFiles::writeUtf8(m_folders.temp + QStringLiteral("/complete.txt"), joined);
 }
 
 void ExportStaging::convertMarkup(const Converter &convert, const CancelFlag &cancel,
@@ -193,21 +163,22 @@ void ExportStaging::convertMarkup(const Converter &convert, const CancelFlag &ca
     if (m_options.markup == 0)
         return;
     const bool epub = m_options.format == int(ExportFormat::Epub);
-    const QString style = (!epub && usesStyleSheet())
-                              ? QStringLiteral("<style type=\"text/css\"> %1 </style>")
-                                    .arg(readUtf8(m_folders.temp + QStringLiteral("/css.css")))
-                              : QString();
+    const QString style =
+        (!epub && usesStyleSheet())
+            ? QStringLiteral("<style type=\"text/css\"> %1 </style>")
+                  .arg(WorkingFiles::readUtf8(m_folders.temp + QStringLiteral("/css.css")))
+            : QString();
     const QStringList files = stagedFiles(QStringLiteral("txt"));
     int done = 0;
     for (const QString &name : files) {
         if (cancel.isRaised())
             return;
-        QString text = readUtf8(m_folders.temp + QLatin1Char('/') + name);
+        QString text = WorkingFiles::readUtf8(m_folders.temp + QLatin1Char('/') + name);
         if (isTextBundle())
             text.remove(QStringLiteral("assets/"));
         const QString html = style + convert(m_options.markup, text);
-        writeUtf8(m_folders.temp + QLatin1Char('/') + baseName(name) + QStringLiteral(".html"),
-                  html);
+        WorkingFiles::writeUtf8(
+            m_folders.temp + QLatin1Char('/') + baseName(name) + QStringLiteral(".html"), html);
         if (progress)
             progress(++done, int(files.size()));
     }
