@@ -210,10 +210,11 @@ void ExportJob::writeWithLibreOffice(const QStringList &bases, const QString &ex
         WorkingFiles::writeUtf8(inputs.last(), htmlDocument(base, true));
     }
     const int total = int(inputs.size());
+    //% "Converting with LibreOffice"
+    Q_EMIT progress(0, total, qtTrId("EXPORT_STEP_OFFICE"));
     const QStringList failed =
         office.convert(inputs, extension, m_folders.product, m_cancel, [&](int finished) {
-            //% "Converting"
-            Q_EMIT progress(finished, total, qtTrId("EXPORT_STEP_CONVERTING"));
+            Q_EMIT progress(finished, total, qtTrId("EXPORT_STEP_OFFICE"));
         });
     if (m_cancel.isRaised())
         return;
@@ -242,6 +243,7 @@ void ExportJob::writeRtfd(const QStringList &bases)
                                      : HtmlDocument::paragraphsFromPlainText(text);
         inputs << writer.addDocument(outputName(base), fragment, m_staging.attachmentFolder(base));
     }
+    Q_EMIT progress(0, int(inputs.size()), qtTrId("EXPORT_STEP_OFFICE"));
     const QStringList failed =
         office.convert(inputs, QStringLiteral("rtf"), writer.rtfFolder(), m_cancel);
     if (m_cancel.isRaised())
