@@ -13,6 +13,8 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include <memory>
+
 namespace {
 
 bool moveInto(const QString &from, const QString &to)
@@ -120,16 +122,22 @@ void ExportJob::prepare()
     if (m_cancel.isRaised())
         return;
 
-    TaskController controller;
-    ExportStaging::Converter convert = m_tools.converter;
-    if (!convert)
-        convert = [&](int language, const QString &text) {
-            return controller.convert(language, text);
-        };
-    m_staging.convertMarkup(convert, m_cancel, [&](int done, int count) {
+    const auto converting = [&](int done, int count) {
         //% "Converting"
         Q_EMIT progress(done, count, qtTrId("EXPORT_STEP_CONVERTING"));
-    });
+    };
+    if (m_tools.converter) {
+        m_staging.convertMarkup(m_tools.converter, m_cancel, converting);
+    } else {
+        m_staging.convertMarkupInParallel(
+            [] {
+                auto controller = std::make_shared<TaskController>();
+                return [controller](int language, const QString &text) {
+                    return controller->convert(language, text);
+                };
+            },
+            m_cancel, converting);
+    }
     if (m_cancel.isRaised())
         return;
 

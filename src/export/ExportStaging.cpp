@@ -8,6 +8,9 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
+
+#include <atomic>
 
 namespace {
 
@@ -148,7 +151,8 @@ void ExportStaging::join()
         const QDir dir(folder);
         for (const QString &item : dir.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
             const QString target = shared + QLatin1Char('/') + item;
-            if (!QFileInfo::exists(target))
+            // The entry's folder goes right after, so its items can move rather than copy.
+            if (!QFileInfo::exists(target) && !QDir().rename(dir.filePath(item), target))
                 WorkingFiles::copyRecursively(dir.filePath(item), target);
         }
         QDir(folder).removeRecursively();
@@ -160,6 +164,18 @@ void ExportStaging::join()
 void ExportStaging::convertMarkup(const Converter &convert, const CancelFlag &cancel,
                                   const Progress &progress)
 {
+    convertMarkup([&] { return convert; }, 0, cancel, progress);
+}
+
+void ExportStaging::convertMarkupInParallel(const std::function<Converter()> &makeConverter,
+                                            const CancelFlag &cancel, const Progress &progress)
+{
+    convertMarkup(makeConverter, qBound(0, QThread::idealThreadCount() - 1, 3), cancel, progress);
+}
+
+void ExportStaging::convertMarkup(const std::function<Converter()> &makeConverter, int helpers,
+                                  const CancelFlag &cancel, const Progress &progress)
+{
     if (m_options.markup == 0)
         return;
     const bool epub = m_options.format == int(ExportFormat::Epub);
@@ -169,19 +185,51 @@ void ExportStaging::convertMarkup(const Converter &convert, const CancelFlag &ca
                   .arg(WorkingFiles::readUtf8(m_folders.temp + QStringLiteral("/css.css")))
             : QString();
     const QStringList files = stagedFiles(QStringLiteral("txt"));
-    int done = 0;
-    for (const QString &name : files) {
-        if (cancel.isRaised())
-            return;
+    const auto count = files.size();
+    std::atomic<qsizetype> next = 0;
+    std::atomic<int> done = 0;
+    auto convertNext = [&](const Converter &convert) {
+        const qsizetype index = next++;
+        if (index >= count || cancel.isRaised())
+            return false;
+        const QString &name = files.at(index);
         QString text = WorkingFiles::readUtf8(m_folders.temp + QLatin1Char('/') + name);
         if (isTextBundle())
             text.remove(QStringLiteral("assets/"));
         const QString html = style + convert(m_options.markup, text);
         WorkingFiles::writeUtf8(
             m_folders.temp + QLatin1Char('/') + baseName(name) + QStringLiteral(".html"), html);
+        ++done;
+        return true;
+    };
+    auto report = [&] {
         if (progress)
-            progress(++done, int(files.size()));
+            progress(done, int(count));
+    };
+    const Converter own = makeConverter();
+    // The first text alone: a language may set itself up on first use (MultiMarkdown is
+    // unpacked), which two threads must not do at once.
+    if (convertNext(own))
+        report();
+    QList<QThread *> threads;
+    for (int i = 0; i < helpers && next < count; ++i) {
+        threads << QThread::create([&] {
+            // Made and dropped on the helper, which its converter process belongs to.
+            const Converter convert = makeConverter();
+            while (convertNext(convert)) {
+            }
+        });
+        threads.last()->start();
     }
+    while (convertNext(own))
+        report();
+    for (QThread *thread : std::as_const(threads)) {
+        thread->wait();
+        delete thread;
+    }
+    report();
+    if (cancel.isRaised())
+        return;
     m_workingExtension = QStringLiteral("html");
 }
 

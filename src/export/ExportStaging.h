@@ -44,6 +44,11 @@ public:
     void join();
     void convertMarkup(const Converter &convert, const CancelFlag &cancel,
                        const Progress &progress);
+    // Converts on this thread and on helper threads, each with a converter of its own made
+    // by makeConverter (a converter process works through one text at a time). progress is
+    // called on this thread only.
+    void convertMarkupInParallel(const std::function<Converter()> &makeConverter,
+                                 const CancelFlag &cancel, const Progress &progress);
 
     // "txt", or "html" once the texts are converted.
     QString workingExtension() const { return m_workingExtension; }
@@ -56,6 +61,8 @@ public:
     bool usesStyleSheet() const { return !m_options.cssFile.isEmpty(); }
 
 private:
+    void convertMarkup(const std::function<Converter()> &makeConverter, int helpers,
+                       const CancelFlag &cancel, const Progress &progress);
     QStringList stagedFiles(const QString &extension) const;
     bool isTextBundle() const;
 
