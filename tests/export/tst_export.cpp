@@ -149,6 +149,37 @@ private Q_SLOTS:
         QVERIFY(f.supportFolderClean());
     }
 
+    // Entries converted side by side each end up in their own file, and the converter
+    // processes of the helper threads end with the export (only the thread's own stays).
+    void entriesConvertedSideBySide()
+    {
+        if (!QFileInfo(QStringLiteral("/usr/bin/php")).isExecutable())
+            QSKIP("php is not installed (Debian package php-cli)");
+        ExportFixture f;
+        QStringList names;
+        for (int i = 0; i < 12; ++i) {
+            names << QStringLiteral("Notiz %1.txt").arg(i);
+            f.addEntry(names.last(), QStringLiteral("Eintrag *n%1*\n").arg(i));
+        }
+        const ExportReport report =
+            ExportFixture::run(f.options(int(ExportFormat::Html), 1, names));
+        QVERIFY2(report.failures.isEmpty(), qPrintable(report.summary()));
+        QCOMPARE(report.exported, 12);
+        for (int i = 0; i < 12; ++i) {
+            const QString html =
+                readText(f.destination.filePath(QStringLiteral("Notiz %1.html").arg(i)));
+            QVERIFY2(html.contains(QStringLiteral("<em>n%1</em>").arg(i)), qPrintable(html));
+            QCOMPARE(html.count(QLatin1String("<em>")), 1);
+        }
+        QProcess children;
+        children.start(QStringLiteral("pgrep"),
+                       {QStringLiteral("-P"), QString::number(QCoreApplication::applicationPid()),
+                        QStringLiteral("php")});
+        QVERIFY(children.waitForFinished(10000));
+        QVERIFY2(children.readAllStandardOutput().count('\n') <= 1, "a converter process lives on");
+        QVERIFY(f.supportFolderClean());
+    }
+
     // A joined export with a picture larger than any single read arrives byte for byte.
     void largePictureArrivesWhole()
     {
