@@ -78,8 +78,7 @@ QString ExportJob::outputName(const QString &base) const
 
 QString ExportJob::stagedText(const QString &base) const
 {
-    return WorkingFiles::readUtf8(m_folders.temp + QLatin1Char('/') + base + QLatin1Char('.') +
-                                  m_staging.workingExtension());
+    return m_staging.workingText(base);
 }
 
 QString ExportJob::htmlDocument(const QString &base, bool inline_) const
@@ -297,14 +296,12 @@ void ExportJob::writeEpub()
                        cover);
     if (m_options.markup == 0) {
         // Plain texts become chapters of paragraphs.
-        for (const QString &base : m_staging.stagedBases()) {
-            const QString input = m_folders.temp + QLatin1Char('/') + base + QStringLiteral(".txt");
-            WorkingFiles::writeUtf8(
-                m_folders.temp + QLatin1Char('/') + base + QStringLiteral(".html"),
-                HtmlDocument::document(
-                    base, HtmlDocument::paragraphsFromPlainText(WorkingFiles::readUtf8(input))));
-            QFile::remove(input);
-        }
+        m_staging.writeWorkingFiles([&](const QString &base) {
+            return HtmlDocument::document(
+                base, HtmlDocument::paragraphsFromPlainText(m_staging.workingText(base)));
+        });
+    } else {
+        m_staging.writeWorkingFiles();
     }
     //% "Building the book"
     Q_EMIT progress(0, 1, qtTrId("EXPORT_STEP_BOOK"));

@@ -11,6 +11,7 @@
 #include <QThread>
 
 #include <atomic>
+#include <vector>
 
 namespace {
 
@@ -91,40 +92,24 @@ void ExportStaging::stageEntries(const CancelFlag &cancel)
             source = notebook + name;
             attachments = notebook + base;
         }
-        const QString staged = m_folders.temp + QLatin1Char('/') + base + QStringLiteral(".txt");
-        if (source.isEmpty() || !QFileInfo(source).isFile() ||
-            !WorkingFiles::copy(source, staged)) {
+        QFile file(source);
+        if (source.isEmpty() || !QFileInfo(source).isFile() || !file.open(QIODevice::ReadOnly)) {
             m_skipped << name;
             continue;
         }
+        m_texts.insert(base, QString::fromUtf8(file.readAll()));
         if (QFileInfo(attachments).isDir() && !(epub && m_options.markup == 0))
             WorkingFiles::copyRecursively(attachments, m_folders.temp + QLatin1Char('/') + base);
     }
 }
 
-QStringList ExportStaging::stagedFiles(const QString &extension) const
-{
-    QStringList found;
-    const auto names = QDir(m_folders.temp).entryList(QDir::Files);
-    for (const QString &name : names) {
-        if (extensionOf(name) == extension)
-            found << name;
-    }
-    return found;
-}
-
 void ExportStaging::addTitleLines()
 {
-    for (const QString &name : stagedFiles(QStringLiteral("txt"))) {
-        const QString path = m_folders.temp + QLatin1Char('/') + name;
-        const QString text = WorkingFiles::readUtf8(path);
-        if (m_options.titles) {
-            const QString title = MarkupLanguage::boldTitle(m_options.markup, baseName(name));
-            WorkingFiles::writeUtf8(path, title + QStringLiteral("\n\n") + text);
-        } else {
-            WorkingFiles::writeUtf8(path, text);
-        }
-    }
+    if (!m_options.titles)
+        return;
+    for (auto it = m_texts.begin(); it != m_texts.end(); ++it)
+        it.value() = MarkupLanguage::boldTitle(m_options.markup, it.key()) +
+                     QStringLiteral("\n\n") + it.value();
 }
 
 void ExportStaging::join()
@@ -139,11 +124,8 @@ void ExportStaging::join()
         if (extensionOf(name) != m_options.entryExtension)
             continue;
         const QString base = baseName(name);
-        const QString staged = m_folders.temp + QLatin1Char('/') + base + QStringLiteral(".txt");
-        if (!epub && QFileInfo(staged).isFile()) {
-            joined += WorkingFiles::readUtf8(staged) + QStringLiteral("\n\n");
-            QFile::remove(staged);
-        }
+        if (!epub && m_texts.contains(base))
+            joined += m_texts.take(base) + QStringLiteral("\n\n");
         const QString folder = m_folders.temp + QLatin1Char('/') + base;
         if (!QFileInfo(folder).isDir())
             continue;
@@ -158,7 +140,7 @@ void ExportStaging::join()
         QDir(folder).removeRecursively();
     }
     if (!epub)
-        WorkingFiles::writeUtf8(m_folders.temp + QStringLiteral("/complete.txt"), joined);
+        m_texts.insert(QStringLiteral("complete"), joined);
 }
 
 void ExportStaging::convertMarkup(const Converter &convert, const CancelFlag &cancel,
@@ -184,21 +166,19 @@ void ExportStaging::convertMarkup(const std::function<Converter()> &makeConverte
             ? QStringLiteral("<style type=\"text/css\"> %1 </style>")
                   .arg(WorkingFiles::readUtf8(m_folders.temp + QStringLiteral("/css.css")))
             : QString();
-    const QStringList files = stagedFiles(QStringLiteral("txt"));
-    const auto count = files.size();
+    const QStringList bases = m_texts.keys();
+    const auto count = bases.size();
+    std::vector<QString> converted(count);
     std::atomic<qsizetype> next = 0;
     std::atomic<int> done = 0;
     auto convertNext = [&](const Converter &convert) {
         const qsizetype index = next++;
         if (index >= count || cancel.isRaised())
             return false;
-        const QString &name = files.at(index);
-        QString text = WorkingFiles::readUtf8(m_folders.temp + QLatin1Char('/') + name);
+        QString text = m_texts.value(bases.at(index));
         if (isTextBundle())
             text.remove(QStringLiteral("assets/"));
-        const QString html = style + convert(m_options.markup, text);
-        WorkingFiles::writeUtf8(
-            m_folders.temp + QLatin1Char('/') + baseName(name) + QStringLiteral(".html"), html);
+        converted[index] = style + convert(m_options.markup, text);
         ++done;
         return true;
     };
@@ -230,22 +210,31 @@ void ExportStaging::convertMarkup(const std::function<Converter()> &makeConverte
     report();
     if (cancel.isRaised())
         return;
+    for (qsizetype i = 0; i < count; ++i)
+        m_texts[bases.at(i)] = converted[i];
     m_workingExtension = QStringLiteral("html");
+}
+
+void ExportStaging::writeWorkingFiles(
+    const std::function<QString(const QString &)> &transform) const
+{
+    for (auto it = m_texts.cbegin(); it != m_texts.cend(); ++it)
+        WorkingFiles::writeUtf8(m_folders.temp + QLatin1Char('/') + it.key() +
+                                    QStringLiteral(".html"),
+                                transform ? transform(it.key()) : it.value());
 }
 
 QStringList ExportStaging::stagedBases() const
 {
     QStringList bases;
-    const QString suffix = QLatin1Char('.') + m_workingExtension;
     if (m_options.joined && m_options.format != int(ExportFormat::Epub)) {
-        if (QFileInfo(m_folders.temp + QStringLiteral("/complete") + suffix).isFile())
+        if (m_texts.contains(QStringLiteral("complete")))
             bases << QStringLiteral("complete");
         return bases;
     }
     for (const QString &name : m_options.files) {
         const QString base = baseName(name);
-        if (!bases.contains(base) &&
-            QFileInfo(m_folders.temp + QLatin1Char('/') + base + suffix).isFile())
+        if (!bases.contains(base) && m_texts.contains(base))
             bases << base;
     }
     return bases;

@@ -2,6 +2,7 @@
 
 #include "ExportOptions.h"
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -52,7 +53,14 @@ public:
 
     // "txt", or "html" once the texts are converted.
     QString workingExtension() const { return m_workingExtension; }
-    // The staged files of the working extension, in export-list order ("complete" when
+    // The staged text of a base name ("complete" when joined): the entry's text with its
+    // title line, or its HTML once converted. The texts stay in memory: only the book reads
+    // them from files, written by writeWorkingFiles().
+    QString workingText(const QString &base) const { return m_texts.value(base); }
+    // Writes base + ".html" into the staging folder for each staged text, what transform
+    // makes of its base name or else the text itself.
+    void writeWorkingFiles(const std::function<QString(const QString &base)> &transform = {}) const;
+    // The staged texts, in export-list order ("complete" when
     // joined), as base names.
     QStringList stagedBases() const;
     // The folder relative links of a staged text resolve against.
@@ -63,11 +71,11 @@ public:
 private:
     void convertMarkup(const std::function<Converter()> &makeConverter, int helpers,
                        const CancelFlag &cancel, const Progress &progress);
-    QStringList stagedFiles(const QString &extension) const;
     bool isTextBundle() const;
 
     const ExportOptions &m_options;
     ExportFolders m_folders;
     QString m_workingExtension = QStringLiteral("txt");
     QStringList m_skipped;
+    QMap<QString, QString> m_texts;
 };

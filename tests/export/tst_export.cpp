@@ -49,7 +49,7 @@ private Q_SLOTS:
         staging.stageEntries(cancel);
         staging.addTitleLines();
         staging.join();
-        QCOMPARE(readText(folders.temp + QStringLiteral("/complete.txt")),
+        QCOMPARE(staging.workingText(QStringLiteral("complete")),
                  QStringLiteral("**C**\n\ncharlie\n\n**A**\n\nalpha\n\n**B**\n\nbravo äöü\n\n"));
         QCOMPARE(filesIn(folders.temp + QStringLiteral("/completeAttachments")),
                  QStringList{QStringLiteral("same.png")});
@@ -58,8 +58,7 @@ private Q_SLOTS:
             QColor(Qt::green));
         staging.convertMarkup(markConverted, cancel, {});
         QCOMPARE(staging.stagedBases(), QStringList{QStringLiteral("complete")});
-        QVERIFY(readText(folders.temp + QStringLiteral("/complete.html"))
-                    .startsWith("<p lang=\"1\">**C**"));
+        QVERIFY(staging.workingText(QStringLiteral("complete")).startsWith("<p lang=\"1\">**C**"));
         folders.removeAll();
     }
 
