@@ -26,9 +26,10 @@ struct ExportFolders
     void removeAll() const;
 };
 
-// Copies the chosen entries into the staging folder and turns them into the texts the output
-// step works from: title lines on top, joined into one text when asked, converted to HTML
-// when a markup language is chosen.
+// Reads the chosen entries, copies their attachments into the staging folder and turns the
+// texts into what the output step works from: title lines on top, joined into one text when
+// asked, converted to HTML when a markup language is chosen. The texts are held in memory
+// (a file per entry written, rewritten and deleted cost more than converting them).
 class ExportStaging
 {
 public:
@@ -60,8 +61,7 @@ public:
     // Writes base + ".html" into the staging folder for each staged text, what transform
     // makes of its base name or else the text itself.
     void writeWorkingFiles(const std::function<QString(const QString &base)> &transform = {}) const;
-    // The staged texts, in export-list order ("complete" when
-    // joined), as base names.
+    // The staged texts, in export-list order ("complete" when joined), as base names.
     QStringList stagedBases() const;
     // The folder relative links of a staged text resolve against.
     QString attachmentFolder(const QString &base) const;
