@@ -351,5 +351,9 @@
         <source>Creating the export…</source>
         <translation>Creating the export…</translation>
     </message>
+    <message id="EXPORT_STEP_OFFICE">
+        <source>Converting with LibreOffice</source>
+        <translation>Converting with LibreOffice</translation>
+    </message>
 </context>
 </TS>

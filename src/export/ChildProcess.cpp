@@ -9,7 +9,8 @@
 
 ChildProcess::Result ChildProcess::run(const QString &program, const QStringList &arguments,
                                        const QString &workingFolder, const CancelFlag &cancel,
-                                       int timeoutMs, const Tick &tick)
+                                       int timeoutMs, const Tick &tick,
+                                       const QStringList &environment)
 {
     Result result;
     if (cancel.isRaised()) {
@@ -19,6 +20,14 @@ ChildProcess::Result ChildProcess::run(const QString &program, const QStringList
     QProcess process;
     process.setWorkingDirectory(workingFolder);
     process.setProcessChannelMode(QProcess::SeparateChannels);
+    if (!environment.isEmpty()) {
+        QProcessEnvironment variables = QProcessEnvironment::systemEnvironment();
+        for (const QString &variable : environment) {
+            const qsizetype equals = variable.indexOf(QLatin1Char('='));
+            variables.insert(variable.left(equals), variable.mid(equals + 1));
+        }
+        process.setProcessEnvironment(variables);
+    }
     // A group of its own, so stopping it also stops what it started (LibreOffice's launcher
     // runs the office in a child process).
     process.setChildProcessModifier([] { ::setpgid(0, 0); });

@@ -37,9 +37,10 @@ struct ChildProcess
     // Called about every 200 ms while the child runs (the export counts finished files).
     using Tick = std::function<void()>;
 
+    // environment: variables set for the child on top of ours.
     static Result run(const QString &program, const QStringList &arguments,
                       const QString &workingFolder, const CancelFlag &cancel, int timeoutMs,
-                      const Tick &tick = {});
+                      const Tick &tick = {}, const QStringList &environment = {});
 
     // The Debian package to install for a program the export needs.
     static QString packageFor(const QString &program);

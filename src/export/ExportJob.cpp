@@ -3,6 +3,7 @@
 #include "HtmlDocument.h"
 #include "LibreOfficeConverter.h"
 #include "RtfdWriter.h"
+#include "WorkingFiles.h"
 #include "core/AppPaths.h"
 #include "render/TaskController.h"
 
@@ -12,22 +13,9 @@
 #include <QFileInfo>
 #include <QUrl>
 
+#include <memory>
+
 namespace {
-
-QString readUtf8(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-bool writeUtf8(const QString &path, const QString &text)
-{
-    // Working files only: the destination gets finished files moved in whole.
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    return file.write(text.toUtf8()) >= 0;
-}
 
 bool moveInto(const QString &from, const QString &to)
 {
@@ -45,6 +33,7 @@ bool moveInto(const QString &from, const QString &to)
             ok = QFile::copy(dir.filePath(name), to + QLatin1Char('/') + name) && ok;
         return ok;
     }
+    // Into the user's folder, so the copy that is synced and renamed into place.
     return QFile::copy(from, to);
 }
 
@@ -89,8 +78,7 @@ QString ExportJob::outputName(const QString &base) const
 
 QString ExportJob::stagedText(const QString &base) const
 {
-    return readUtf8(m_folders.temp + QLatin1Char('/') + base + QLatin1Char('.') +
-                    m_staging.workingExtension());
+    return m_staging.workingText(base);
 }
 
 QString ExportJob::htmlDocument(const QString &base, bool inline_) const
@@ -133,16 +121,22 @@ void ExportJob::prepare()
     if (m_cancel.isRaised())
         return;
 
-    TaskController controller;
-    ExportStaging::Converter convert = m_tools.converter;
-    if (!convert)
-        convert = [&](int language, const QString &text) {
-            return controller.convert(language, text);
-        };
-    m_staging.convertMarkup(convert, m_cancel, [&](int done, int count) {
+    const auto converting = [&](int done, int count) {
         //% "Converting"
         Q_EMIT progress(done, count, qtTrId("EXPORT_STEP_CONVERTING"));
-    });
+    };
+    if (m_tools.converter) {
+        m_staging.convertMarkup(m_tools.converter, m_cancel, converting);
+    } else {
+        m_staging.convertMarkupInParallel(
+            [] {
+                auto controller = std::make_shared<TaskController>();
+                return [controller](int language, const QString &text) {
+                    return controller->convert(language, text);
+                };
+            },
+            m_cancel, converting);
+    }
     if (m_cancel.isRaised())
         return;
 
@@ -182,8 +176,8 @@ void ExportJob::writePlainText(const QStringList &bases)
         QString text = stagedText(base);
         if (m_staging.workingExtension() == QLatin1String("html"))
             text = HtmlDocument::plainText(text);
-        writeUtf8(m_folders.product + QLatin1Char('/') + outputName(base) + QStringLiteral(".txt"),
-                  text);
+        WorkingFiles::writeUtf8(
+            m_folders.product + QLatin1Char('/') + outputName(base) + QStringLiteral(".txt"), text);
         Q_EMIT progress(++done, int(bases.size()),
                         //% "Writing"
                         qtTrId("EXPORT_STEP_WRITING"));
@@ -196,8 +190,9 @@ void ExportJob::writeHtml(const QStringList &bases)
     for (const QString &base : bases) {
         if (m_cancel.isRaised())
             return;
-        writeUtf8(m_folders.product + QLatin1Char('/') + outputName(base) + QStringLiteral(".html"),
-                  htmlDocument(base, true));
+        WorkingFiles::writeUtf8(m_folders.product + QLatin1Char('/') + outputName(base) +
+                                    QStringLiteral(".html"),
+                                htmlDocument(base, true));
         Q_EMIT progress(++done, int(bases.size()),
                         //% "Writing"
                         qtTrId("EXPORT_STEP_WRITING"));
@@ -219,13 +214,14 @@ void ExportJob::writeWithLibreOffice(const QStringList &bases, const QString &ex
     QStringList inputs;
     for (const QString &base : bases) {
         inputs << inputFolder + QLatin1Char('/') + outputName(base) + QStringLiteral(".html");
-        writeUtf8(inputs.last(), htmlDocument(base, true));
+        WorkingFiles::writeUtf8(inputs.last(), htmlDocument(base, true));
     }
     const int total = int(inputs.size());
+    //% "Converting with LibreOffice"
+    Q_EMIT progress(0, total, qtTrId("EXPORT_STEP_OFFICE"));
     const QStringList failed =
         office.convert(inputs, extension, m_folders.product, m_cancel, [&](int finished) {
-            //% "Converting"
-            Q_EMIT progress(finished, total, qtTrId("EXPORT_STEP_CONVERTING"));
+            Q_EMIT progress(finished, total, qtTrId("EXPORT_STEP_OFFICE"));
         });
     if (m_cancel.isRaised())
         return;
@@ -254,6 +250,7 @@ void ExportJob::writeRtfd(const QStringList &bases)
                                      : HtmlDocument::paragraphsFromPlainText(text);
         inputs << writer.addDocument(outputName(base), fragment, m_staging.attachmentFolder(base));
     }
+    Q_EMIT progress(0, int(inputs.size()), qtTrId("EXPORT_STEP_OFFICE"));
     const QStringList failed =
         office.convert(inputs, QStringLiteral("rtf"), writer.rtfFolder(), m_cancel);
     if (m_cancel.isRaised())
@@ -281,7 +278,7 @@ void ExportJob::writePdfPages(const QStringList &bases)
         page.html = inputFolder + QLatin1Char('/') + outputName(base) + QStringLiteral(".html");
         page.output =
             m_folders.product + QLatin1Char('/') + outputName(base) + QStringLiteral(".pdf");
-        writeUtf8(page.html, HtmlDocument::document(outputName(base), fragment));
+        WorkingFiles::writeUtf8(page.html, HtmlDocument::document(outputName(base), fragment));
         m_pdfPages << page;
     }
 }
@@ -293,19 +290,18 @@ void ExportJob::writeEpub()
         details[QStringLiteral("title")] = m_options.notebookName;
     const QString cover = m_folders.temp + QStringLiteral("/cover.jpg");
     QFile::remove(cover);
-    QFile::copy(QFileInfo(m_options.coverImage).isFile()
-                    ? m_options.coverImage
-                    : AppPaths::resource(QStringLiteral("export/cover.jpg")),
-                cover);
+    WorkingFiles::copy(QFileInfo(m_options.coverImage).isFile()
+                           ? m_options.coverImage
+                           : AppPaths::resource(QStringLiteral("export/cover.jpg")),
+                       cover);
     if (m_options.markup == 0) {
         // Plain texts become chapters of paragraphs.
-        for (const QString &base : m_staging.stagedBases()) {
-            const QString input = m_folders.temp + QLatin1Char('/') + base + QStringLiteral(".txt");
-            writeUtf8(m_folders.temp + QLatin1Char('/') + base + QStringLiteral(".html"),
-                      HtmlDocument::document(
-                          base, HtmlDocument::paragraphsFromPlainText(readUtf8(input))));
-            QFile::remove(input);
-        }
+        m_staging.writeWorkingFiles([&](const QString &base) {
+            return HtmlDocument::document(
+                base, HtmlDocument::paragraphsFromPlainText(m_staging.workingText(base)));
+        });
+    } else {
+        m_staging.writeWorkingFiles();
     }
     //% "Building the book"
     Q_EMIT progress(0, 1, qtTrId("EXPORT_STEP_BOOK"));

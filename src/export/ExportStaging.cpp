@@ -1,12 +1,17 @@
 #include "ExportStaging.h"
 
 #include "ChildProcess.h"
+#include "WorkingFiles.h"
 #include "render/MarkupLanguage.h"
 
 #include <QDir>
 #include <QDirIterator>
 #include <QFile>
 #include <QFileInfo>
+#include <QThread>
+
+#include <atomic>
+#include <vector>
 
 namespace {
 
@@ -20,38 +25,6 @@ QString extensionOf(const QString &fileName)
 {
     const qsizetype dot = fileName.lastIndexOf(QLatin1Char('.'));
     return dot > 0 ? fileName.mid(dot + 1) : QString();
-}
-
-QString readUtf8(const QString &path)
-{
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        return QString();
-    return QString::fromUtf8(file.readAll());
-}
-
-bool writeUtf8(const QString &path, const QString &text)
-{
-    // Working files only: the destination gets finished files moved in whole.
-    QFile file(path);
-    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        return false;
-    return file.write(text.toUtf8()) >= 0;
-}
-
-bool copyRecursively(const QString &from, const QString &to)
-{
-    const QFileInfo info(from);
-    if (info.isDir()) {
-        QDir().mkpath(to);
-        bool ok = true;
-        const QDir dir(from);
-        const auto entries = dir.entryList(QDir::AllEntries | QDir::NoDotAndDotDot | QDir::Hidden);
-        for (const QString &name : entries)
-            ok = copyRecursively(dir.filePath(name), to + QLatin1Char('/') + name) && ok;
-        return ok;
-    }
-    return QFile::copy(from, to);
 }
 
 } // namespace
@@ -94,7 +67,7 @@ void ExportStaging::copyStyleSheet(const QString &defaultStyleSheet)
     QFile::remove(target);
     const QString source =
         QFileInfo(m_options.cssFile).isFile() ? m_options.cssFile : defaultStyleSheet;
-    QFile::copy(source, target);
+    WorkingFiles::copy(source, target);
 }
 
 void ExportStaging::stageEntries(const CancelFlag &cancel)
@@ -119,39 +92,24 @@ void ExportStaging::stageEntries(const CancelFlag &cancel)
             source = notebook + name;
             attachments = notebook + base;
         }
-        const QString staged = m_folders.temp + QLatin1Char('/') + base + QStringLiteral(".txt");
-        if (source.isEmpty() || !QFileInfo(source).isFile() || !QFile::copy(source, staged)) {
+        QFile file(source);
+        if (source.isEmpty() || !QFileInfo(source).isFile() || !file.open(QIODevice::ReadOnly)) {
             m_skipped << name;
             continue;
         }
+        m_texts.insert(base, QString::fromUtf8(file.readAll()));
         if (QFileInfo(attachments).isDir() && !(epub && m_options.markup == 0))
-            copyRecursively(attachments, m_folders.temp + QLatin1Char('/') + base);
+            WorkingFiles::copyRecursively(attachments, m_folders.temp + QLatin1Char('/') + base);
     }
-}
-
-QStringList ExportStaging::stagedFiles(const QString &extension) const
-{
-    QStringList found;
-    const auto names = QDir(m_folders.temp).entryList(QDir::Files);
-    for (const QString &name : names) {
-        if (extensionOf(name) == extension)
-            found << name;
-    }
-    return found;
 }
 
 void ExportStaging::addTitleLines()
 {
-    for (const QString &name : stagedFiles(QStringLiteral("txt"))) {
-        const QString path = m_folders.temp + QLatin1Char('/') + name;
-        const QString text = readUtf8(path);
-        if (m_options.titles) {
-            const QString title = MarkupLanguage::boldTitle(m_options.markup, baseName(name));
-            writeUtf8(path, title + QStringLiteral("\n\n") + text);
-        } else {
-            writeUtf8(path, text);
-        }
-    }
+    if (!m_options.titles)
+        return;
+    for (auto it = m_texts.begin(); it != m_texts.end(); ++it)
+        it.value() = MarkupLanguage::boldTitle(m_options.markup, it.key()) +
+                     QStringLiteral("\n\n") + it.value();
 }
 
 void ExportStaging::join()
@@ -166,11 +124,8 @@ void ExportStaging::join()
         if (extensionOf(name) != m_options.entryExtension)
             continue;
         const QString base = baseName(name);
-        const QString staged = m_folders.temp + QLatin1Char('/') + base + QStringLiteral(".txt");
-        if (!epub && QFileInfo(staged).isFile()) {
-            joined += readUtf8(staged) + QStringLiteral("\n\n");
-            QFile::remove(staged);
-        }
+        if (!epub && m_texts.contains(base))
+            joined += m_texts.take(base) + QStringLiteral("\n\n");
         const QString folder = m_folders.temp + QLatin1Char('/') + base;
         if (!QFileInfo(folder).isDir())
             continue;
@@ -178,55 +133,108 @@ void ExportStaging::join()
         const QDir dir(folder);
         for (const QString &item : dir.entryList(QDir::AllEntries | QDir::NoDotAndDotDot)) {
             const QString target = shared + QLatin1Char('/') + item;
-            if (!QFileInfo::exists(target))
-                copyRecursively(dir.filePath(item), target);
+            // The entry's folder goes right after, so its items can move rather than copy.
+            if (!QFileInfo::exists(target) && !QDir().rename(dir.filePath(item), target))
+                WorkingFiles::copyRecursively(dir.filePath(item), target);
         }
         QDir(folder).removeRecursively();
     }
     if (!epub)
-        writeUtf8(m_folders.temp + QStringLiteral("/complete.txt"), joined);
+        m_texts.insert(QStringLiteral("complete"), joined);
 }
 
 void ExportStaging::convertMarkup(const Converter &convert, const CancelFlag &cancel,
                                   const Progress &progress)
 {
+    convertMarkup([&] { return convert; }, 0, cancel, progress);
+}
+
+void ExportStaging::convertMarkupInParallel(const std::function<Converter()> &makeConverter,
+                                            const CancelFlag &cancel, const Progress &progress)
+{
+    convertMarkup(makeConverter, qBound(0, QThread::idealThreadCount() - 1, 3), cancel, progress);
+}
+
+void ExportStaging::convertMarkup(const std::function<Converter()> &makeConverter, int helpers,
+                                  const CancelFlag &cancel, const Progress &progress)
+{
     if (m_options.markup == 0)
         return;
     const bool epub = m_options.format == int(ExportFormat::Epub);
-    const QString style = (!epub && usesStyleSheet())
-                              ? QStringLiteral("<style type=\"text/css\"> %1 </style>")
-                                    .arg(readUtf8(m_folders.temp + QStringLiteral("/css.css")))
-                              : QString();
-    const QStringList files = stagedFiles(QStringLiteral("txt"));
-    int done = 0;
-    for (const QString &name : files) {
-        if (cancel.isRaised())
-            return;
-        QString text = readUtf8(m_folders.temp + QLatin1Char('/') + name);
+    const QString style =
+        (!epub && usesStyleSheet())
+            ? QStringLiteral("<style type=\"text/css\"> %1 </style>")
+                  .arg(WorkingFiles::readUtf8(m_folders.temp + QStringLiteral("/css.css")))
+            : QString();
+    const QStringList bases = m_texts.keys();
+    const auto count = bases.size();
+    std::vector<QString> converted(count);
+    std::atomic<qsizetype> next = 0;
+    std::atomic<int> done = 0;
+    auto convertNext = [&](const Converter &convert) {
+        const qsizetype index = next++;
+        if (index >= count || cancel.isRaised())
+            return false;
+        QString text = m_texts.value(bases.at(index));
         if (isTextBundle())
             text.remove(QStringLiteral("assets/"));
-        const QString html = style + convert(m_options.markup, text);
-        writeUtf8(m_folders.temp + QLatin1Char('/') + baseName(name) + QStringLiteral(".html"),
-                  html);
+        converted[index] = style + convert(m_options.markup, text);
+        ++done;
+        return true;
+    };
+    auto report = [&] {
         if (progress)
-            progress(++done, int(files.size()));
+            progress(done, int(count));
+    };
+    const Converter own = makeConverter();
+    // The first text alone: a language may set itself up on first use (MultiMarkdown is
+    // unpacked), which two threads must not do at once.
+    if (convertNext(own))
+        report();
+    QList<QThread *> threads;
+    for (int i = 0; i < helpers && next < count; ++i) {
+        threads << QThread::create([&] {
+            // Made and dropped on the helper, which its converter process belongs to.
+            const Converter convert = makeConverter();
+            while (convertNext(convert)) {
+            }
+        });
+        threads.last()->start();
     }
+    while (convertNext(own))
+        report();
+    for (QThread *thread : std::as_const(threads)) {
+        thread->wait();
+        delete thread;
+    }
+    report();
+    if (cancel.isRaised())
+        return;
+    for (qsizetype i = 0; i < count; ++i)
+        m_texts[bases.at(i)] = converted[i];
     m_workingExtension = QStringLiteral("html");
+}
+
+void ExportStaging::writeWorkingFiles(
+    const std::function<QString(const QString &)> &transform) const
+{
+    for (auto it = m_texts.cbegin(); it != m_texts.cend(); ++it)
+        WorkingFiles::writeUtf8(m_folders.temp + QLatin1Char('/') + it.key() +
+                                    QStringLiteral(".html"),
+                                transform ? transform(it.key()) : it.value());
 }
 
 QStringList ExportStaging::stagedBases() const
 {
     QStringList bases;
-    const QString suffix = QLatin1Char('.') + m_workingExtension;
     if (m_options.joined && m_options.format != int(ExportFormat::Epub)) {
-        if (QFileInfo(m_folders.temp + QStringLiteral("/complete") + suffix).isFile())
+        if (m_texts.contains(QStringLiteral("complete")))
             bases << QStringLiteral("complete");
         return bases;
     }
     for (const QString &name : m_options.files) {
         const QString base = baseName(name);
-        if (!bases.contains(base) &&
-            QFileInfo(m_folders.temp + QLatin1Char('/') + base + suffix).isFile())
+        if (!bases.contains(base) && m_texts.contains(base))
             bases << base;
     }
     return bases;

@@ -2,6 +2,7 @@
 
 #include "ExportOptions.h"
 
+#include <QMap>
 #include <QString>
 #include <QStringList>
 
@@ -25,9 +26,10 @@ struct ExportFolders
     void removeAll() const;
 };
 
-// Copies the chosen entries into the staging folder and turns them into the texts the output
-// step works from: title lines on top, joined into one text when asked, converted to HTML
-// when a markup language is chosen.
+// Reads the chosen entries, copies their attachments into the staging folder and turns the
+// texts into what the output step works from: title lines on top, joined into one text when
+// asked, converted to HTML when a markup language is chosen. The texts are held in memory
+// (a file per entry written, rewritten and deleted cost more than converting them).
 class ExportStaging
 {
 public:
@@ -44,11 +46,22 @@ public:
     void join();
     void convertMarkup(const Converter &convert, const CancelFlag &cancel,
                        const Progress &progress);
+    // Converts on this thread and on helper threads, each with a converter of its own made
+    // by makeConverter (a converter process works through one text at a time). progress is
+    // called on this thread only.
+    void convertMarkupInParallel(const std::function<Converter()> &makeConverter,
+                                 const CancelFlag &cancel, const Progress &progress);
 
     // "txt", or "html" once the texts are converted.
     QString workingExtension() const { return m_workingExtension; }
-    // The staged files of the working extension, in export-list order ("complete" when
-    // joined), as base names.
+    // The staged text of a base name ("complete" when joined): the entry's text with its
+    // title line, or its HTML once converted. The texts stay in memory: only the book reads
+    // them from files, written by writeWorkingFiles().
+    QString workingText(const QString &base) const { return m_texts.value(base); }
+    // Writes base + ".html" into the staging folder for each staged text, what transform
+    // makes of its base name or else the text itself.
+    void writeWorkingFiles(const std::function<QString(const QString &base)> &transform = {}) const;
+    // The staged texts, in export-list order ("complete" when joined), as base names.
     QStringList stagedBases() const;
     // The folder relative links of a staged text resolve against.
     QString attachmentFolder(const QString &base) const;
@@ -56,11 +69,13 @@ public:
     bool usesStyleSheet() const { return !m_options.cssFile.isEmpty(); }
 
 private:
-    QStringList stagedFiles(const QString &extension) const;
+    void convertMarkup(const std::function<Converter()> &makeConverter, int helpers,
+                       const CancelFlag &cancel, const Progress &progress);
     bool isTextBundle() const;
 
     const ExportOptions &m_options;
     ExportFolders m_folders;
     QString m_workingExtension = QStringLiteral("txt");
     QStringList m_skipped;
+    QMap<QString, QString> m_texts;
 };

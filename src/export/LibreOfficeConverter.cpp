@@ -49,18 +49,25 @@ QStringList LibreOfficeConverter::convert(const QStringList &inputs, const QStri
         arguments << QStringLiteral("--infilter=HTML (StarWriter)");
     arguments << QStringLiteral("--convert-to") << filterFor(extension)
               << QStringLiteral("--outdir") << outputFolder;
-    // LibreOffice reads only about 250 arguments of a command line and silently drops the
-    // rest, so a long list goes in batches, one after the other on the same profile.
-    for (qsizetype first = 0; first < inputs.size() && !cancel.isRaised(); first += kBatchSize) {
-        ChildProcess::run(m_program, arguments + inputs.mid(first, kBatchSize), outputFolder,
-                          cancel, 30 * 60 * 1000, [&] {
-                              if (!tick)
-                                  return;
-                              int finished = 0;
-                              for (const QString &input : inputs)
-                                  finished += QFileInfo::exists(outputOf(input)) ? 1 : 0;
-                              tick(finished);
-                          });
+    auto finished = [&] {
+        int count = 0;
+        for (const QString &input : inputs)
+            count += QFileInfo::exists(outputOf(input)) ? 1 : 0;
+        return count;
+    };
+    auto ticking = [&] {
+        if (tick)
+            tick(finished());
+    };
+    const QString office = officeBinary();
+    if (office.isEmpty()) {
+        run(m_program, arguments, inputs, outputFolder, cancel, ticking, {});
+    } else {
+        // What the launcher would set before starting the office.
+        const QStringList environment = {
+            QStringLiteral("LO_SAVE_LC_ALL=") + qEnvironmentVariable("LC_ALL"),
+            QStringLiteral("LC_ALL=C"), QStringLiteral("SAL_ENABLE_FILE_LOCKING=1")};
+        run(office, arguments, inputs, outputFolder, cancel, ticking, environment);
     }
     QStringList failed;
     for (const QString &input : inputs) {
@@ -68,4 +75,33 @@ QStringList LibreOfficeConverter::convert(const QStringList &inputs, const QStri
             failed << input;
     }
     return failed;
+}
+
+QString LibreOfficeConverter::officeBinary() const
+{
+    const QString launcher = QFileInfo(m_program).canonicalFilePath();
+    if (launcher.isEmpty())
+        return QString();
+    const QString office = QFileInfo(launcher).absolutePath() + QStringLiteral("/soffice.bin");
+    return QFileInfo(office).isExecutable() ? office : QString();
+}
+
+void LibreOfficeConverter::run(const QString &program, const QStringList &arguments,
+                               const QStringList &inputs, const QString &workingFolder,
+                               const CancelFlag &cancel, const std::function<void()> &tick,
+                               const QStringList &environment)
+{
+    const bool direct = !environment.isEmpty();
+    const qsizetype batch = direct ? kOfficeBatchSize : kLauncherBatchSize;
+    for (qsizetype first = 0; first < inputs.size() && !cancel.isRaised(); first += batch) {
+        const QStringList part = inputs.mid(first, batch);
+        auto result = ChildProcess::run(program, arguments + part, workingFolder, cancel,
+                                        30 * 60 * 1000, tick, environment);
+        // The launcher does this itself; the office program asks for it once after it has
+        // set up a new profile, before converting anything.
+        if (direct && result.outcome == ChildProcess::Finished &&
+            result.exitCode == kRestartExitCode)
+            ChildProcess::run(program, arguments + part, workingFolder, cancel, 30 * 60 * 1000,
+                              tick, environment);
+    }
 }

@@ -26,11 +26,22 @@ public:
                         const std::function<void(int finished)> &tick = {}, bool htmlInput = true);
 
     static QString filterFor(const QString &extension);
+    // The office program itself beside the launcher, or "" when there is none.
+    QString officeBinary() const;
 
-    // Inputs per LibreOffice call.
-    static constexpr qsizetype kBatchSize = 200;
+    // The launcher (soffice, which starts oosplash) passes on only the first 253 or so
+    // arguments and silently drops the rest, so through it a long list goes in batches. The
+    // office program takes any number; its batches only keep the command line short.
+    static constexpr qsizetype kLauncherBatchSize = 200;
+    static constexpr qsizetype kOfficeBatchSize = 2000;
+    // What the office program answers on the first start on a new profile: start it again.
+    static constexpr int kRestartExitCode = 81;
 
 private:
+    void run(const QString &program, const QStringList &arguments, const QStringList &inputs,
+             const QString &workingFolder, const CancelFlag &cancel,
+             const std::function<void()> &tick, const QStringList &environment);
+
     QString m_profileFolder;
     QString m_program;
 };

@@ -2,6 +2,7 @@
 
 #include "ChildProcess.h"
 #include "HtmlDocument.h"
+#include "WorkingFiles.h"
 #include "XhtmlCleaner.h"
 #include "core/AppPaths.h"
 
@@ -17,19 +18,6 @@
 #include <QUuid>
 
 namespace {
-
-QString readUtf8(const QString &path)
-{
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-void writeUtf8(const QString &path, const QString &text)
-{
-    QFile file(path);
-    if (file.open(QIODevice::WriteOnly | QIODevice::Truncate))
-        file.write(text.toUtf8());
-}
 
 // The type a reading system is told, by what the file holds: an attachment whose extension
 // claims another image type (or an image at all) would make the book invalid.
@@ -51,12 +39,12 @@ void storeCoverAsJpeg(const QString &from, const QString &to)
 {
     QImageReader reader(from);
     if (reader.format() == "jpeg") {
-        QFile::copy(from, to);
+        WorkingFiles::copy(from, to);
         return;
     }
     const QImage image = reader.read();
     if (image.isNull() || !image.convertToFormat(QImage::Format_RGB32).save(to, "JPEG", 90))
-        QFile::copy(from, to);
+        WorkingFiles::copy(from, to);
 }
 
 // Empty metadata elements are not allowed in a package document.
@@ -112,7 +100,7 @@ QString ePubCreator::templateText(const QString &fileName) const
     const QString path = m_tools.templateFolder.isEmpty()
                              ? AppPaths::resource(QStringLiteral("export/") + fileName)
                              : m_tools.templateFolder + QLatin1Char('/') + fileName;
-    return readUtf8(path);
+    return WorkingFiles::readUtf8(path);
 }
 
 QString ePubCreator::chapterBody(const QString &html, const QString &staging,
@@ -171,18 +159,19 @@ bool ePubCreator::createEpubBook(const QString &staging, const QString &destinat
     QDir(b).removeRecursively();
     QDir().mkpath(b + QStringLiteral("/META-INF"));
     QDir().mkpath(b + QStringLiteral("/images/files"));
-    writeUtf8(b + QStringLiteral("/mimetype"), QStringLiteral("application/epub+zip"));
-    writeUtf8(b + QStringLiteral("/META-INF/container.xml"),
-              templateText(QStringLiteral("containerTemplate.xml")));
+    WorkingFiles::writeUtf8(b + QStringLiteral("/mimetype"),
+                            QStringLiteral("application/epub+zip"));
+    WorkingFiles::writeUtf8(b + QStringLiteral("/META-INF/container.xml"),
+                            templateText(QStringLiteral("containerTemplate.xml")));
     const QDir shared(staging + QStringLiteral("/completeAttachments"));
     const QStringList attachments = shared.entryList(QDir::Files, QDir::NoSort);
     for (const QString &item : attachments)
-        QFile::copy(shared.filePath(item), b + QStringLiteral("/images/files/") + item);
+        WorkingFiles::copy(shared.filePath(item), b + QStringLiteral("/images/files/") + item);
     storeCoverAsJpeg(staging + QStringLiteral("/cover.jpg"),
                      b + QStringLiteral("/images/cover.jpg"));
-    QFile::copy(staging + QStringLiteral("/css.css"), b + QStringLiteral("/styles.css"));
-    writeUtf8(b + QStringLiteral("/CoverPage.html"),
-              templateText(QStringLiteral("CoverPageTemplate.html")));
+    WorkingFiles::copy(staging + QStringLiteral("/css.css"), b + QStringLiteral("/styles.css"));
+    WorkingFiles::writeUtf8(b + QStringLiteral("/CoverPage.html"),
+                            templateText(QStringLiteral("CoverPageTemplate.html")));
 
     const QString tocTitle = QStringLiteral("Table of Contents");
     QString toc = templateText(QStringLiteral("tableOfConentsTemplate.html"));
@@ -246,16 +235,16 @@ bool ePubCreator::createEpubBook(const QString &staging, const QString &destinat
         spine += QStringLiteral("<itemref idref=\"chapter%1\" />\n").arg(n);
         listing += QStringLiteral("\t\t<li><a href=\"%1.html\">%2</a></li>\n").arg(n).arg(title);
         const QString html =
-            readUtf8(staging + QLatin1Char('/') + chapter + QStringLiteral(".html"));
+            WorkingFiles::readUtf8(staging + QLatin1Char('/') + chapter + QStringLiteral(".html"));
         const QString page = head + QStringLiteral("\n<body>") +
                              chapterBody(html, staging, attachments) +
                              QStringLiteral("\n</body>\n</html>");
         pages << QStringLiteral("%1.html").arg(n);
-        writeUtf8(b + QLatin1Char('/') + pages.last(), page);
+        WorkingFiles::writeUtf8(b + QLatin1Char('/') + pages.last(), page);
         ++n;
     }
     fill(toc, QStringLiteral("{*tableOfContentsListing*}"), listing);
-    writeUtf8(b + QStringLiteral("/TableOfContents.html"), toc);
+    WorkingFiles::writeUtf8(b + QStringLiteral("/TableOfContents.html"), toc);
 
     if (!tidyPages())
         return false;
@@ -275,15 +264,15 @@ bool ePubCreator::createEpubBook(const QString &staging, const QString &destinat
                         .arg(escapedForHTML(item), type);
     }
     fill(ncx, QStringLiteral("{*ChapterListing*}"), navPoints);
-    writeUtf8(b + QStringLiteral("/book.ncx"), ncx);
+    WorkingFiles::writeUtf8(b + QStringLiteral("/book.ncx"), ncx);
     fill(opf, QStringLiteral("{*ManifestGuide*}"), manifest);
     fill(opf, QStringLiteral("{*SpineGuide*}"), spine);
-    writeUtf8(b + QStringLiteral("/book.opf"), withoutEmptyMetadata(opf));
+    WorkingFiles::writeUtf8(b + QStringLiteral("/book.opf"), withoutEmptyMetadata(opf));
 
     if (!pack())
         return false;
     QFile::remove(bookFile());
-    if (!QFile::copy(b + QStringLiteral("/temp.zip"), bookFile())) {
+    if (!QFile::rename(b + QStringLiteral("/temp.zip"), bookFile())) {
         m_problems << QStringLiteral("the book could not be written to %1").arg(bookFile());
         return false;
     }
@@ -299,7 +288,9 @@ bool ePubCreator::tidyPages()
     const auto result = ChildProcess::run(
         m_tools.shell,
         {QStringLiteral("-c"),
-         QStringLiteral("%1 -asxhtml -m -w 50000 -i -utf8 *.html").arg(m_tools.tidy)},
+         // tidy writes its report a character at a time, each one a wake-up for us through a
+         // pipe: for a long book that took far longer than the tidying, and nobody reads it.
+         QStringLiteral("%1 -asxhtml -m -w 50000 -i -utf8 *.html 2>/dev/null").arg(m_tools.tidy)},
         bookFolder(), m_cancel, 120000);
     // tidy answers 1 for warnings and 2 for errors, and leaves a page it cannot mend as it was.
     return result.outcome == ChildProcess::Finished;
@@ -323,11 +314,11 @@ void ePubCreator::cleanPages(const QStringList &pages)
                                                    QStringLiteral("CoverPage.html")}) {
         const QString path = b + QLatin1Char('/') + page;
         QString problem;
-        const QString cleaned = cleaner.clean(readUtf8(path), &problem);
+        const QString cleaned = cleaner.clean(WorkingFiles::readUtf8(path), &problem);
         if (cleaned.isEmpty())
             m_problems << QStringLiteral("%1 could not be made valid XHTML: %2").arg(page, problem);
         else
-            writeUtf8(path, cleaned);
+            WorkingFiles::writeUtf8(path, cleaned);
     }
 }
 

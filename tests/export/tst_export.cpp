@@ -3,6 +3,7 @@
 #include "support/TestHome.h"
 
 #include <QFile>
+#include <QImage>
 #include <QProcess>
 #include <QtTest>
 
@@ -48,7 +49,7 @@ private Q_SLOTS:
         staging.stageEntries(cancel);
         staging.addTitleLines();
         staging.join();
-        QCOMPARE(readText(folders.temp + QStringLiteral("/complete.txt")),
+        QCOMPARE(staging.workingText(QStringLiteral("complete")),
                  QStringLiteral("**C**\n\ncharlie\n\n**A**\n\nalpha\n\n**B**\n\nbravo äöü\n\n"));
         QCOMPARE(filesIn(folders.temp + QStringLiteral("/completeAttachments")),
                  QStringList{QStringLiteral("same.png")});
@@ -57,8 +58,7 @@ private Q_SLOTS:
             QColor(Qt::green));
         staging.convertMarkup(markConverted, cancel, {});
         QCOMPARE(staging.stagedBases(), QStringList{QStringLiteral("complete")});
-        QVERIFY(readText(folders.temp + QStringLiteral("/complete.html"))
-                    .startsWith("<p lang=\"1\">**C**"));
+        QVERIFY(staging.workingText(QStringLiteral("complete")).startsWith("<p lang=\"1\">**C**"));
         folders.removeAll();
     }
 
@@ -145,6 +145,164 @@ private Q_SLOTS:
         const ExportReport report = ExportFixture::run(o);
         QCOMPARE(report.exported, 0);
         QVERIFY(report.summary().contains(o.destination));
+        QVERIFY(f.supportFolderClean());
+    }
+
+    // Entries converted side by side each end up in their own file, and the converter
+    // processes of the helper threads end with the export (only the thread's own stays).
+    void entriesConvertedSideBySide()
+    {
+        if (!QFileInfo(QStringLiteral("/usr/bin/php")).isExecutable())
+            QSKIP("php is not installed (Debian package php-cli)");
+        ExportFixture f;
+        QStringList names;
+        for (int i = 0; i < 12; ++i) {
+            names << QStringLiteral("Notiz %1.txt").arg(i);
+            f.addEntry(names.last(), QStringLiteral("Eintrag *n%1*\n").arg(i));
+        }
+        const ExportReport report =
+            ExportFixture::run(f.options(int(ExportFormat::Html), 1, names));
+        QVERIFY2(report.failures.isEmpty(), qPrintable(report.summary()));
+        QCOMPARE(report.exported, 12);
+        for (int i = 0; i < 12; ++i) {
+            const QString html =
+                readText(f.destination.filePath(QStringLiteral("Notiz %1.html").arg(i)));
+            QVERIFY2(html.contains(QStringLiteral("<em>n%1</em>").arg(i)), qPrintable(html));
+            QCOMPARE(html.count(QLatin1String("<em>")), 1);
+        }
+        QProcess children;
+        children.start(QStringLiteral("pgrep"),
+                       {QStringLiteral("-P"), QString::number(QCoreApplication::applicationPid()),
+                        QStringLiteral("php")});
+        QVERIFY(children.waitForFinished(10000));
+        QVERIFY2(children.readAllStandardOutput().count('\n') <= 1, "a converter process lives on");
+        QVERIFY(f.supportFolderClean());
+    }
+
+    // A joined export with a picture larger than any single read arrives byte for byte.
+    void largePictureArrivesWhole()
+    {
+        ExportFixture f;
+        f.addEntry(QStringLiteral("Eins.txt"), QStringLiteral("![a](big.png)\n"));
+        f.addEntry(QStringLiteral("Zwei.txt"), QStringLiteral("two\n"));
+        QDir().mkpath(f.notebook.filePath(QStringLiteral("Eins")));
+        // Noise does not compress, so the file is several MB.
+        QImage noise(1200, 900, QImage::Format_RGB32);
+        quint32 seed = 12345;
+        for (int y = 0; y < noise.height(); ++y)
+            for (int x = 0; x < noise.width(); ++x)
+                noise.setPixel(x, y, (seed = seed * 1664525u + 1013904223u) >> 8);
+        const QString picture = f.notebook.filePath(QStringLiteral("Eins/big.png"));
+        QVERIFY(noise.save(picture, "PNG"));
+        const QByteArray original = readBytes(picture);
+        QVERIFY(original.size() > 3 * (1 << 20));
+
+        ExportOptions o = f.options(int(ExportFormat::Html), 1,
+                                    {QStringLiteral("Eins.txt"), QStringLiteral("Zwei.txt")});
+        o.joined = true;
+        o.joinedName = QStringLiteral("Alles");
+        const ExportReport report = ExportFixture::run(o);
+        QVERIFY2(report.failures.isEmpty(), qPrintable(report.summary()));
+        const QString html = readText(f.destination.filePath(QStringLiteral("Alles.html")));
+        const QString marker = QStringLiteral("data:image/png;base64,");
+        const qsizetype start = html.indexOf(marker);
+        QVERIFY(start > 0);
+        const qsizetype end = html.indexOf(QLatin1Char('"'), start);
+        const QByteArray inlined = QByteArray::fromBase64(
+            html.mid(start + marker.size(), end - start - marker.size()).toLatin1());
+        QVERIFY(inlined == original);
+        QVERIFY(f.supportFolderClean());
+    }
+
+    // A cancelled book and a destination that is gone by the time the files are moved in
+    // leave nothing behind: no staging in the data folder, nothing in the destination, and
+    // every file that could not be written is named.
+    void cancelledBookAndVanishedDestinationLeaveNothing()
+    {
+        ExportFixture f;
+        QStringList names;
+        for (int i = 0; i < 5; ++i) {
+            names << QStringLiteral("Kapitel %1.txt").arg(i);
+            f.addEntry(names.last(), QStringLiteral("text %1 ![p](p.png)").arg(i));
+            f.addImage(QStringLiteral("Kapitel %1").arg(i), QStringLiteral("p.png"), Qt::red);
+        }
+        CancelFlag cancel;
+        int converted = 0;
+        ExportJob::Tools tools;
+        tools.converter = [&](int language, const QString &text) {
+            if (++converted == 2)
+                cancel.raise();
+            return markConverted(language, text);
+        };
+        ExportOptions o = f.options(int(ExportFormat::Epub), 1, names);
+        {
+            ExportJob job(o, cancel, tools);
+            job.prepare();
+            job.finish();
+            QVERIFY(job.report().cancelled);
+        }
+        QCOMPARE(converted, 2);
+        QVERIFY(filesIn(f.destination.path()).isEmpty());
+        QVERIFY2(f.supportFolderClean(), qPrintable(filesIn(f.support.path()).join(' ')));
+
+        o.format = int(ExportFormat::PlainText);
+        ExportJob job(o, CancelFlag());
+        job.prepare();
+        QVERIFY(f.destination.remove());
+        job.finish();
+        const ExportReport report = job.report();
+        QCOMPARE(report.exported, 0);
+        QCOMPARE(report.failures.size(), 5);
+        for (int i = 0; i < 5; ++i)
+            QVERIFY2(report.summary().contains(QStringLiteral("Kapitel %1.txt").arg(i)),
+                     qPrintable(report.summary()));
+        QVERIFY(!QFileInfo::exists(f.destination.path()));
+        QVERIFY(f.supportFolderClean());
+    }
+
+    // LibreOffice gets all of a long list in one go (its launcher would drop what comes after
+    // about 250 arguments), on a new profile that asks for a restart first, and a file it
+    // cannot convert is named in the summary while all the others arrive.
+    void longListInOneOfficeCallWithOneFailure()
+    {
+        const QString launcher = QFileInfo(QStringLiteral("/usr/bin/soffice")).canonicalFilePath();
+        const QString office = QFileInfo(launcher).absolutePath() + QStringLiteral("/soffice.bin");
+        if (!QFileInfo(office).isExecutable())
+            QSKIP("LibreOffice is not installed (Debian package libreoffice-writer-nogui)");
+        ExportFixture f;
+        QStringList names;
+        for (int i = 0; i < 260; ++i) {
+            names << QStringLiteral("Tag %1.txt").arg(i, 3, 10, QLatin1Char('0'));
+            f.addEntry(names.last(), QStringLiteral("Seite %1").arg(i));
+        }
+        // The office program, once a file it is handed has gone: it cannot load that one.
+        QTemporaryDir programs;
+        const QString calls = programs.filePath(QStringLiteral("calls"));
+        writeBytes(programs.filePath(QStringLiteral("soffice")), "#!/bin/sh\nexit 1\n");
+        writeBytes(
+            programs.filePath(QStringLiteral("soffice.bin")),
+            QStringLiteral("#!/bin/sh\necho call >> '%1'\nfor a in \"$@\"; do case \"$a\" in "
+                           "*'/Tag 137.html') rm -f \"$a\";; esac; done\nexec '%2' \"$@\"\n")
+                .arg(calls, office)
+                .toUtf8());
+        for (const char *name : {"soffice", "soffice.bin"})
+            QFile::setPermissions(programs.filePath(QString::fromLatin1(name)),
+                                  QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+        ExportJob::Tools tools;
+        tools.soffice = programs.filePath(QStringLiteral("soffice"));
+        ExportJob job(f.options(int(ExportFormat::Word), 0, names), CancelFlag(), tools);
+        job.prepare();
+        job.finish();
+        const ExportReport report = job.report();
+        QCOMPARE(report.exported, 259);
+        QCOMPARE(report.failures.size(), 1);
+        QVERIFY2(report.summary().contains(QLatin1String("Tag 137")), qPrintable(report.summary()));
+        const QStringList written = filesIn(f.destination.path());
+        QCOMPARE(written.size(), 259);
+        QVERIFY(written.contains(QStringLiteral("Tag 259.doc")));
+        QVERIFY(!written.contains(QStringLiteral("Tag 137.doc")));
+        // One call, and one more only when the new profile asks for it.
+        QVERIFY(readBytes(calls).count("call") <= 2);
         QVERIFY(f.supportFolderClean());
     }
 

@@ -153,10 +153,11 @@ private Q_SLOTS:
         QTemporaryDir out;
         QSignalSpy done(window.get(), &ExportController::exportFinished);
         bool cancelled = false;
+        int reports = 0;
         connect(window->runner(), &ExportRunner::progress, this,
                 [&](int, int, const QString &what) {
-                    // The office is running once its progress is reported.
-                    if (!cancelled && what == qtTrId("EXPORT_STEP_CONVERTING")) {
+                    // The office is running once its progress is reported after the start.
+                    if (!cancelled && what == qtTrId("EXPORT_STEP_OFFICE") && ++reports == 2) {
                         cancelled = true;
                         window->progressSheet()->cancelButton()->click();
                     }
