@@ -72,7 +72,7 @@ function vellox_chunk_split(string $source): array
     return $runs;
 }
 
-const VELLOX_CHUNK_HEAD_BYTES = 4096;
+const VELLOX_CHUNK_HEAD_BYTES = 3072;
 
 // Converts with $convert, run by run, reusing what earlier conversions made of equal runs.
 // With $headBytes, only the leading runs that hold that many bytes of the text.

@@ -38,9 +38,10 @@ void PreviewHost::showHtml(const QString &html, const QUrl &baseUrl)
 void PreviewHost::continuePage(const QString &bodyMarkup, const QString &wholePage,
                                const QUrl &baseUrl)
 {
-    if (m_view && m_view->appendToBody(bodyMarkup))
-        return;
-    showHtml(wholePage, baseUrl);
+    if (m_view)
+        m_view->continuePage(bodyMarkup, wholePage, baseUrl);
+    else
+        showHtml(wholePage, baseUrl);
 }
 
 void PreviewHost::showEvent(QShowEvent *event)

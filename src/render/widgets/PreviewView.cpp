@@ -12,6 +12,7 @@
 #include <QMenu>
 #include <QPointer>
 #include <QStandardPaths>
+#include <QTimer>
 #include <QWebEngineContextMenuRequest>
 #include <QWebEngineScript>
 
@@ -62,6 +63,7 @@ void PreviewView::showHtml(const QString &html, const QUrl &baseUrl)
     ++m_pageGeneration;
     m_appending = false;
     m_loaded = false;
+    m_continuation = {};
     ProgressivePage steps = ProgressivePage::split(html, 16 * 1024, kPieceChars);
     m_pendingPieces = std::move(steps.rest);
     loadWhole(steps.first, baseUrl);
@@ -85,6 +87,27 @@ void PreviewView::loadWhole(const QString &html, const QUrl &baseUrl)
         m_staleFiles << previous;
 }
 
+void PreviewView::continuePage(const QString &markup, const QString &wholePage, const QUrl &baseUrl)
+{
+    m_continuation = {markup, wholePage, baseUrl, true};
+    if (m_loaded)
+        continueLater();
+}
+
+void PreviewView::continueLater()
+{
+    // Not while the page is loading, nor before those waiting for it have heard that it
+    // showed: cutting a long text into pieces takes the main thread a while, and the engine
+    // needs it to finish the load.
+    QTimer::singleShot(0, this, [this, generation = m_pageGeneration] {
+        if (generation != m_pageGeneration || !m_continuation.waiting)
+            return;
+        Continuation next = std::exchange(m_continuation, {});
+        if (!appendToBody(next.markup))
+            showHtml(next.wholePage, next.baseUrl);
+    });
+}
+
 bool PreviewView::appendToBody(const QString &markup)
 {
     const QList<qsizetype> ends = ProgressivePage::topLevelEnds(markup);
@@ -99,7 +122,7 @@ bool PreviewView::appendToBody(const QString &markup)
     }
     if (last < markup.size())
         m_pendingPieces.append(markup.mid(last));
-    if (m_loaded && !m_appending)
+    if (!m_appending)
         appendNextPiece();
     return true;
 }
@@ -107,6 +130,15 @@ bool PreviewView::appendToBody(const QString &markup)
 void PreviewView::pageLoaded(bool ok)
 {
     m_loaded = true;
+    if (m_continuation.waiting) {
+        if (!ok) {
+            // The top did not show; the whole page may.
+            Continuation failed = std::exchange(m_continuation, {});
+            showHtml(failed.wholePage, failed.baseUrl);
+            return;
+        }
+        continueLater();
+    }
     for (const QString &stale : std::as_const(m_staleFiles))
         QFile::remove(stale);
     m_staleFiles.clear();

@@ -23,9 +23,9 @@ public:
     // Shows a whole page. baseUrl is where relative links and images resolve and must end
     // with "/"; the page's own <base> element says the same for pages loaded from a file.
     void showHtml(const QString &html, const QUrl &baseUrl);
-    // Adds well-nested body markup to the end of the page on show, once it has loaded;
-    // false (and nothing added) for markup that is not well nested.
-    bool appendToBody(const QString &markup);
+    // Adds body markup to the end of the page on show once it has loaded, after which the
+    // page is wholePage; loads wholePage instead when the markup is not well nested.
+    void continuePage(const QString &markup, const QString &wholePage, const QUrl &baseUrl);
 
     // Above this many UTF-8 bytes a page is written to a file first: an in-memory load is
     // encoded into a URL, and Chromium refuses URLs over 2 MB.
@@ -37,7 +37,10 @@ public:
     PreviewWebPage *previewPage() const { return m_page; }
 
     // True while parts of the last page are still being appended.
-    bool isAppending() const { return !m_pendingPieces.isEmpty() || m_appending; }
+    bool isAppending() const
+    {
+        return !m_pendingPieces.isEmpty() || m_appending || m_continuation.waiting;
+    }
 
 Q_SIGNALS:
     // The whole of the last page is in, its appended parts included.
@@ -61,6 +64,16 @@ private:
     QStringList m_pendingPieces;
     bool m_appending = false;
     bool m_loaded = false;
+    struct Continuation
+    {
+        QString markup;
+        QString wholePage;
+        QUrl baseUrl;
+        bool waiting = false;
+    };
+    Continuation m_continuation;
+    void continueLater();
+    bool appendToBody(const QString &markup);
     // Body markup is appended in pieces about this long, each laid out before the next.
     static constexpr qsizetype kPieceChars = 512 * 1024;
     quint64 m_pageGeneration = 0;
