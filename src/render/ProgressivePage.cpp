@@ -146,3 +146,23 @@ ProgressivePage ProgressivePage::split(const QString &page, qsizetype firstChars
         result.rest.append(body.mid(cuts.at(k), cuts.at(k + 1) - cuts.at(k)).toString());
     return result;
 }
+
+std::optional<QStringList> ProgressivePage::pieces(QStringView markup, qsizetype pieceChars)
+{
+    QStringList result;
+    if (markup.trimmed().isEmpty())
+        return result;
+    const QList<qsizetype> ends = topLevelEnds(markup);
+    if (ends.isEmpty())
+        return std::nullopt;
+    qsizetype last = 0;
+    for (const qsizetype end : ends) {
+        if (end - last >= pieceChars) {
+            result.append(markup.mid(last, end - last).toString());
+            last = end;
+        }
+    }
+    if (last < markup.size())
+        result.append(markup.mid(last).toString());
+    return result;
+}

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <QString>
+
 #include <QStringList>
+#include <optional>
 
 // A long preview page shown in steps: the head and the first screens load at once, and the
 // rest is appended to the body piece by piece, so the top of a long entry shows without
@@ -22,4 +24,8 @@ struct ProgressivePage
     // in increasing order; empty when the markup is not well nested (or holds an element
     // whose content is not markup, such as a script).
     static QList<qsizetype> topLevelEnds(QStringView body);
+
+    // Body markup in well-nested pieces of at least pieceChars (the last may be shorter);
+    // nothing for markup that is not well nested.
+    static std::optional<QStringList> pieces(QStringView markup, qsizetype pieceChars);
 };

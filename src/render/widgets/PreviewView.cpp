@@ -110,18 +110,10 @@ void PreviewView::continueLater()
 
 bool PreviewView::appendToBody(const QString &markup)
 {
-    const QList<qsizetype> ends = ProgressivePage::topLevelEnds(markup);
-    if (ends.isEmpty() && !markup.trimmed().isEmpty())
+    const std::optional<QStringList> pieces = ProgressivePage::pieces(markup, kPieceChars);
+    if (!pieces)
         return false;
-    qsizetype last = 0;
-    for (const qsizetype end : ends) {
-        if (end - last >= kPieceChars || end == markup.size()) {
-            m_pendingPieces.append(markup.mid(last, end - last));
-            last = end;
-        }
-    }
-    if (last < markup.size())
-        m_pendingPieces.append(markup.mid(last));
+    m_pendingPieces += *pieces;
     if (!m_appending)
         appendNextPiece();
     return true;
